@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/Bitmap.h"
+#include "platform/Geometry.h"
+#include "platform/NSBundle.h"
+#include "platform/NSDate.h"
+#include "platform/UINavigationController.h"
+#include "platform/UIWindow.h"
+
+#include <optional>
+#include <string>
+
+namespace host {
+
+/// How a phone is set up for a run. Checked and filled in by `parseOptions` (Options.h).
+struct PhoneOptions {
+    std::string root; ///< Of the device's file system; empty for the user's data folder.
+    platform::CGSize size { 375, 667 };
+    int scale = 2;
+    std::string locale; ///< Empty for the environment's.
+    std::string timeZone; ///< Empty for the system's.
+    std::optional<std::string> now; ///< ISO 8601; the clock then stands still.
+    bool toggle = false;
+    bool statusBar = false;
+    std::string bundle; ///< A bundle's folder on this machine; empty for the project's own, as installed below the root.
+};
+
+/// The Settings application without a window system: the device's root, the loaded bundle, and a window of pages that is
+/// laid out, painted and touched in memory. The desktop window and the script driver both show and drive one.
+class Phone {
+public:
+    /// Makes the root with what a device always has, installs bundle, loader entry, toggle and status-bar library as
+    /// the options say, and sets up `platform::Device`. Throws std::runtime_error with one sentence when it cannot.
+    explicit Phone(const PhoneOptions&);
+    ~Phone();
+
+    /// Loads the bundle and shows its first page. On failure an error page is shown, and the true reason returned.
+    std::optional<std::string> openBundle();
+
+    platform::UIWindow& window() { return *_window; }
+    platform::UINavigationController& navigation() { return *_navigation; }
+
+    /// Finishes pending layout and painting; the window's picture is then up to date.
+    void settle();
+
+    /// Takes the screen to another size, scale or direction while the pages stay.
+    void setScreen(platform::CGSize, int scale);
+
+private:
+    PhoneOptions _options;
+    platform::Ref<platform::UIWindow> _window;
+    std::unique_ptr<platform::UINavigationController> _navigation;
+    std::shared_ptr<platform::NSBundle> _bundle;
+};
+
+}

@@ -1,0 +1,109 @@
+#include "Runtime.h"
+
+#include <cxxabi.h>
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+// Modules register while they are loaded, before or after anything else in the process has been set up.
+std::vector<Class*>& classes()
+{
+    static auto* const all = new std::vector<Class*>;
+    return *all;
+}
+
+std::string& bundlePathOfNewClasses()
+{
+    static auto* const path = new std::string;
+    return *path;
+}
+
+std::string plainName(const std::type_info& type)
+{
+    int status = 0;
+    const std::unique_ptr<char, decltype(&std::free)> demangled(
+        abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), &std::free);
+    std::string name = status == 0 ? demangled.get() : type.name();
+    name.erase(std::find(name.begin(), name.end(), '<'), name.end());
+    if (const auto colon = name.rfind(':'); colon != std::string::npos)
+        name.erase(0, colon + 1);
+    return name;
+}
+
+}
+
+const Method* Class::find(const NSObject& object, std::string_view selector)
+{
+    if (const auto* own = ofObject(object)) {
+        if (const auto* method = own->methodForSelector(selector))
+            return method;
+    }
+    for (const auto* candidate : classes()) {
+        if (const auto* method = candidate->methodForSelector(selector); method && candidate->_isInstance(object))
+            return method;
+    }
+    return nullptr;
+}
+
+const Class* Class::ofObject(const NSObject& object)
+{
+    const std::type_index type = typeid(object);
+    const auto found = std::find_if(classes().begin(), classes().end(), [&](auto* c) { return c->_type == type; });
+    return found == classes().end() ? nullptr : *found;
+}
+
+std::string NSObject::className() const
+{
+    const auto* registered = Class::ofObject(*this);
+    return registered ? registered->name() : plainName(typeid(*this));
+}
+
+bool NSObject::respondsToSelector(std::string_view selector) const { return Class::find(*this, selector) != nullptr; }
+
+Argument NSObject::performSelector(std::string_view selector, std::initializer_list<Argument> arguments)
+{
+    const auto* method = Class::find(*this, selector);
+    return method ? (*method)(*this, Arguments(arguments.begin(), arguments.size())) : Argument();
+}
+
+const Method* Class::methodForSelector(std::string_view selector) const
+{
+    const auto found = _methods.find(selector);
+    return found == _methods.end() ? nullptr : &found->second;
+}
+
+Argument Class::performSelector(std::string_view selector, std::initializer_list<Argument> arguments) const
+{
+    const auto found = _classMethods.find(selector);
+    if (found == _classMethods.end())
+        return {};
+    NSObject nobody;
+    return found->second(nobody, Arguments(arguments.begin(), arguments.size()));
+}
+
+const Class* NSClassFromString(std::string_view name)
+{
+    const auto found = std::find_if(classes().begin(), classes().end(), [&](auto* c) { return c->name() == name; });
+    return found == classes().end() ? nullptr : *found;
+}
+
+void Class::setBundlePathOfNewClasses(std::string path) { bundlePathOfNewClasses() = std::move(path); }
+
+ClassRegistration::ClassRegistration(std::unique_ptr<Class> registered)
+    : _class(std::move(registered))
+{
+    _class->_bundlePath = bundlePathOfNewClasses();
+    classes().push_back(_class.get());
+}
+
+ClassRegistration::~ClassRegistration()
+{
+    if (_class)
+        std::erase(classes(), _class.get());
+}
+
+}
