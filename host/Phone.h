@@ -22,19 +22,23 @@ struct PhoneOptions {
     std::optional<std::string> now; ///< ISO 8601; the clock then stands still.
     bool toggle = false;
     bool statusBar = false;
-    std::string bundle; ///< A bundle's folder on this machine; empty for the project's own, as installed below the root.
+    std::string bundle; ///< A bundle's folder on this machine; empty for the project's own, as installed
+                        ///< below the root.
 };
 
-/// The Settings application without a window system: the device's root, the loaded bundle, and a window of pages that is
-/// laid out, painted and touched in memory. The desktop window and the script driver both show and drive one.
+/// The Settings application without a window system: the device's root, the loaded bundle, and a window of
+/// pages that is laid out, painted and touched in memory. The desktop window and the script driver both show
+/// and drive one.
 class Phone {
 public:
-    /// Makes the root with what a device always has, installs bundle, loader entry, toggle and status-bar library as
-    /// the options say, and sets up `platform::Device`. Throws std::runtime_error with one sentence when it cannot.
+    /// Makes the root with what a device always has, installs bundle, loader entry, toggle and status-bar
+    /// library as the options say, and sets up `platform::Device`. Throws std::runtime_error with one
+    /// sentence when it cannot.
     explicit Phone(const PhoneOptions&);
     ~Phone();
 
-    /// Loads the bundle and shows its first page. On failure an error page is shown, and the true reason returned.
+    /// Loads the bundle and shows its first page. On failure an error page is shown, and the true reason
+    /// returned.
     std::optional<std::string> openBundle();
 
     platform::UIWindow& window() { return *_window; }

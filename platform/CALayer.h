@@ -8,8 +8,8 @@ namespace platform {
 
 class UIView;
 
-/// How a view's layer looks around its contents. Painted in this order: shadow, background, contents, sublayers, border;
-/// changing any of it repaints no contents. Lengths are points.
+/// How a view's layer looks around its contents. Painted in this order: shadow, background, contents,
+/// sublayers, border; changing any of it repaints no contents. Lengths are points.
 class CALayer {
 public:
     explicit CALayer(UIView& view)

@@ -8,9 +8,10 @@
 
 /// The drawing interface, as far as the panes use it: linear gradients in device RGB, clipped to rectangles.
 ///
-/// Colour and alpha are each linear between the stops (straight, not premultiplied, no gamma), sampled at the centre of
-/// each device pixel and composited source-over. The layers of one `drawRect` are composited without rounding and
-/// rounded once, half up, to 8 bits: the picture is the exact result, whatever the compiler or the processor.
+/// Colour and alpha are each linear between the stops (straight, not premultiplied, no gamma), sampled at the
+/// centre of each device pixel and composited source-over. The layers of one `drawRect` are composited
+/// without rounding and rounded once, half up, to 8 bits: the picture is the exact result, whatever the
+/// compiler or the processor.
 namespace platform {
 
 class CGContext;
@@ -23,7 +24,8 @@ struct CGGradient {
     std::vector<std::array<CGFloat, 4>> stops;
 };
 
-/// Grey colours become red = green = blue. Without colours the gradient draws nothing; a single one is uniform.
+/// Grey colours become red = green = blue. Without colours the gradient draws nothing; a single one is
+/// uniform.
 CGGradient CGGradientCreateWithColors(CGColorSpace, std::span<const UIColor>);
 
 /// What to paint beyond the start and the end of a gradient: nothing, or the end's colour.
@@ -38,7 +40,8 @@ CGContext* UIGraphicsGetCurrentContext();
 
 void CGContextSaveGState(CGContext&);
 void CGContextRestoreGState(CGContext&);
-/// What is already clipped stays clipped until the state is restored. An empty rectangle clips everything away.
+/// What is already clipped stays clipped until the state is restored. An empty rectangle clips everything
+/// away.
 void CGContextClipToRect(CGContext&, CGRect);
 /// From `start` to `end` in points; nothing when they are the same point.
 void CGContextDrawLinearGradient(CGContext&, const CGGradient&, CGPoint start, CGPoint end, unsigned options);

@@ -8,8 +8,8 @@
 
 namespace platform {
 
-/// What a view's `drawRect` has drawn, kept in its layer: either recorded gradients, whose exact pixels are worked out
-/// wherever and whenever they are needed, or a bitmap.
+/// What a view's `drawRect` has drawn, kept in its layer: either recorded gradients, whose exact pixels are
+/// worked out wherever and whenever they are needed, or a bitmap.
 class LayerContents {
 public:
     virtual ~LayerContents() = default;
@@ -19,8 +19,8 @@ public:
     int height() const { return _height; }
     /// True when every pixel is opaque.
     virtual bool isOpaque() const = 0;
-    /// Writes the pixels of `part` (within the contents) to `target`, whose first pixel is `part`'s top left and whose
-    /// rows are `stride` pixels apart: 0xAARRGGBB, premultiplied.
+    /// Writes the pixels of `part` (within the contents) to `target`, whose first pixel is `part`'s top left
+    /// and whose rows are `stride` pixels apart: 0xAARRGGBB, premultiplied.
     virtual void read(PixelRect part, std::uint32_t* target, std::ptrdiff_t stride) const = 0;
 
 protected:

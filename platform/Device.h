@@ -8,8 +8,8 @@
 
 namespace platform {
 
-/// The phone that the layer stands for, as its host sets it up. Panes never look at it; they ask for dates, texts and
-/// files through the platform's own classes.
+/// The phone that the layer stands for, as its host sets it up. Panes never look at it; they ask for dates,
+/// texts and files through the platform's own classes.
 struct Device {
     /// The folder on this machine that stands for "/" on the device. Nothing outside it is read or written.
     std::string root;

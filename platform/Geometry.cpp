@@ -12,7 +12,8 @@ bool CGRectContainsPoint(CGRect rect, CGPoint point)
 
 CGRect CGRectInset(CGRect rect, CGFloat dx, CGFloat dy)
 {
-    return { rect.x + dx, rect.y + dy, std::max(0.0, rect.width - 2 * dx), std::max(0.0, rect.height - 2 * dy) };
+    return { rect.x + dx, rect.y + dy, std::max(0.0, rect.width - 2 * dx),
+        std::max(0.0, rect.height - 2 * dy) };
 }
 
 CGRect CGRectOffset(CGRect rect, CGFloat dx, CGFloat dy)

@@ -21,7 +21,8 @@ struct CGSize {
     bool operator==(const CGSize&) const = default;
 };
 
-/// Members are named `x`, `y`, `width` and `height`, so that `{ 10, 20, 30, 40 }` reads as the platform's CGRectMake.
+/// Members are named `x`, `y`, `width` and `height`, so that `{ 10, 20, 30, 40 }` reads as the platform's
+/// CGRectMake.
 struct CGRect {
     CGFloat x = 0;
     CGFloat y = 0;
@@ -41,8 +42,8 @@ struct CGRect {
     bool operator==(const CGRect&) const = default;
 };
 
-/// Half-open: the left and top edges are inside, the right and bottom edges outside. An empty rectangle holds no
-/// point.
+/// Half-open: the left and top edges are inside, the right and bottom edges outside. An empty rectangle holds
+/// no point.
 bool CGRectContainsPoint(CGRect, CGPoint);
 
 /// The rectangle made smaller on every side; negative lengths make it larger.

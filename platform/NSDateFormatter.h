@@ -11,7 +11,8 @@ enum class NSDateFormatterStyle { None = 0, Short = 1, Medium = 2, Long = 3, Ful
 /// Dates as the user's locale and time zone write them.
 class NSDateFormatter {
 public:
-    static std::string localizedStringFromDate(const NSDate&, NSDateFormatterStyle dateStyle, NSDateFormatterStyle timeStyle);
+    static std::string localizedStringFromDate(
+        const NSDate&, NSDateFormatterStyle dateStyle, NSDateFormatterStyle timeStyle);
 };
 
 }

@@ -4,7 +4,8 @@
 
 namespace platform {
 
-/// Questions about the device's files. Every path is the device's own, absolute, and is looked up below its root.
+/// Questions about the device's files. Every path is the device's own, absolute, and is looked up below its
+/// root.
 class NSFileManager {
 public:
     static NSFileManager& defaultManager();

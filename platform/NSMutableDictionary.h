@@ -13,8 +13,8 @@ public:
     {
     }
 
-    /// Reads an XML or binary property list. Nothing when there is no such file, or it cannot be read, is malformed
-    /// anywhere, or its root is no dictionary. An empty or blank file is an empty dictionary.
+    /// Reads an XML or binary property list. Nothing when there is no such file, or it cannot be read, is
+    /// malformed anywhere, or its root is no dictionary. An empty or blank file is an empty dictionary.
     static std::optional<NSMutableDictionary> dictionaryWithContentsOfFile(std::string_view devicePath);
 
     /// Null when there is none.
@@ -24,8 +24,8 @@ public:
     void setValueForKey(std::optional<PropertyValue>, std::string_view key);
     void removeObjectForKey(std::string_view key);
 
-    /// Writes XML. With `atomically`, the file is replaced as one step or left as it was; an existing file's mode is
-    /// kept. False when it could not be written; the old file is then still there, whole.
+    /// Writes XML. With `atomically`, the file is replaced as one step or left as it was; an existing file's
+    /// mode is kept. False when it could not be written; the old file is then still there, whole.
     bool writeToFileAtomically(std::string_view devicePath, bool atomically) const;
 
     const PropertyList& entries() const { return _entries; }

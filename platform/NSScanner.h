@@ -14,9 +14,9 @@ public:
     /// White space and line ends, until it is set.
     void setCharactersToBeSkipped(std::string_view characters) { _skipped = characters; }
 
-    /// An optional "0x", then the longest run of hexadecimal digits of either case; "0x" without a digit after it reads
-    /// as 0, and what does not fit into 32 bits as 0xFFFFFFFF. False when there is no digit: the value and the location
-    /// are then left as they were.
+    /// An optional "0x", then the longest run of hexadecimal digits of either case; "0x" without a digit
+    /// after it reads as 0, and what does not fit into 32 bits as 0xFFFFFFFF. False when there is no digit:
+    /// the value and the location are then left as they were.
     [[nodiscard]] bool scanHexInt(std::uint32_t& value);
 
     std::size_t scanLocation() const { return _location; }

@@ -4,12 +4,12 @@
 #include <string>
 #include <string_view>
 
-/// How the platform's strings read as numbers: leading ASCII white space is passed over, then the longest number is
-/// read, and what follows is ignored. No locale has a part in it.
+/// How the platform's strings read as numbers: leading ASCII white space is passed over, then the longest
+/// number is read, and what follows is ignored. No locale has a part in it.
 namespace platform {
 
-/// Digits with "." and an optional exponent. No number is 0; too large is an infinity of its sign. The words "inf" and
-/// "nan", hexadecimal and a dangling exponent ("1e") read as 0.
+/// Digits with "." and an optional exponent. No number is 0; too large is an infinity of its sign. The words
+/// "inf" and "nan", hexadecimal and a dangling exponent ("1e") read as 0.
 double doubleValue(std::string_view);
 float floatValue(std::string_view);
 

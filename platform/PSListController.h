@@ -7,8 +7,9 @@
 
 namespace platform {
 
-/// A page of rows described by specifiers. A group row opens a section and has no cell of its own; rows before the first
-/// group form section 0. Numbers of sections and rows are worked out from the list when they are asked for.
+/// A page of rows described by specifiers. A group row opens a section and has no cell of its own; rows
+/// before the first group form section 0. Numbers of sections and rows are worked out from the list when they
+/// are asked for.
 class PSListController : public UIViewController, public UITableViewDataSource {
 public:
     /// `initForContentSize:`: as large as the opener's view, in points.
@@ -19,8 +20,8 @@ public:
 
     /// The rows. A page overrides it to build `_specifiers` once and return them; by default it has none.
     virtual const Specifiers& specifiers();
-    /// The rows of NAME.plist in the bundle that holds this page's class, titles localized from NAME.strings; the
-    /// page takes its title and identifier from it. Nothing found is no row.
+    /// The rows of NAME.plist in the bundle that holds this page's class, titles localized from NAME.strings;
+    /// the page takes its title and identifier from it. Nothing found is no row.
     Specifiers loadSpecifiersFromPlistNameTarget(std::string_view name, NSObject* target);
     /// The first of the built rows with this identifier, or null. Works while `specifiers` is still building.
     PSSpecifier* specifierForID(std::string_view identifier) const;

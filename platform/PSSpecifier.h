@@ -27,13 +27,14 @@ enum class PSCellType {
     Spinner = 15,
 };
 
-/// One row of a page: its name, its kind, whom to ask for its value, and a bag of properties that a resource's keys and
-/// code share.
+/// One row of a page: its name, its kind, whom to ask for its value, and a bag of properties that a
+/// resource's keys and code share.
 class PSSpecifier : public NSObject {
 public:
     /// Selectors may be empty (none), `detail` null (no page), as may the target.
-    static Ref<PSSpecifier> preferenceSpecifierNamedTargetSetGetDetailCellEdit(std::string name, NSObject* target,
-        std::string set, std::string get, const Class* detail, PSCellType cell, const Class* edit);
+    static Ref<PSSpecifier> preferenceSpecifierNamedTargetSetGetDetailCellEdit(std::string name,
+        NSObject* target, std::string set, std::string get, const Class* detail, PSCellType cell,
+        const Class* edit);
 
     PSSpecifier(std::string name, NSObject* target, std::string set, std::string get, const Class* detail,
         PSCellType cell);

@@ -10,7 +10,8 @@ public:
     using PSSpecifier::PSSpecifier;
 
     static Ref<PSTextFieldSpecifier> preferenceSpecifierNamedTargetSetGetDetailCellEdit(std::string name,
-        NSObject* target, std::string set, std::string get, const Class* detail, PSCellType cell, const Class* edit);
+        NSObject* target, std::string set, std::string get, const Class* detail, PSCellType cell,
+        const Class* edit);
 
     /// Shown while the value is empty.
     const std::string& placeholder() const { return _placeholder; }

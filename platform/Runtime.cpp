@@ -1,8 +1,8 @@
 #include "Runtime.h"
 
-#include <cxxabi.h>
 #include <algorithm>
 #include <cstdlib>
+#include <cxxabi.h>
 #include <vector>
 
 namespace platform {
@@ -43,7 +43,8 @@ const Method* Class::find(const NSObject& object, std::string_view selector)
             return method;
     }
     for (const auto* candidate : classes()) {
-        if (const auto* method = candidate->methodForSelector(selector); method && candidate->_isInstance(object))
+        if (const auto* method = candidate->methodForSelector(selector);
+            method && candidate->_isInstance(object))
             return method;
     }
     return nullptr;
@@ -52,7 +53,8 @@ const Method* Class::find(const NSObject& object, std::string_view selector)
 const Class* Class::ofObject(const NSObject& object)
 {
     const std::type_index type = typeid(object);
-    const auto found = std::find_if(classes().begin(), classes().end(), [&](auto* c) { return c->_type == type; });
+    const auto found
+        = std::find_if(classes().begin(), classes().end(), [&](auto* c) { return c->_type == type; });
     return found == classes().end() ? nullptr : *found;
 }
 
@@ -62,7 +64,10 @@ std::string NSObject::className() const
     return registered ? registered->name() : plainName(typeid(*this));
 }
 
-bool NSObject::respondsToSelector(std::string_view selector) const { return Class::find(*this, selector) != nullptr; }
+bool NSObject::respondsToSelector(std::string_view selector) const
+{
+    return Class::find(*this, selector) != nullptr;
+}
 
 Argument NSObject::performSelector(std::string_view selector, std::initializer_list<Argument> arguments)
 {
@@ -87,11 +92,15 @@ Argument Class::performSelector(std::string_view selector, std::initializer_list
 
 const Class* NSClassFromString(std::string_view name)
 {
-    const auto found = std::find_if(classes().begin(), classes().end(), [&](auto* c) { return c->name() == name; });
+    const auto found
+        = std::find_if(classes().begin(), classes().end(), [&](auto* c) { return c->name() == name; });
     return found == classes().end() ? nullptr : *found;
 }
 
-void Class::setBundlePathOfNewClasses(std::string path) { bundlePathOfNewClasses() = std::move(path); }
+void Class::setBundlePathOfNewClasses(std::string path)
+{
+    bundlePathOfNewClasses() = std::move(path);
+}
 
 ClassRegistration::ClassRegistration(std::unique_ptr<Class> registered)
     : _class(std::move(registered))

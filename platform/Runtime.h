@@ -13,9 +13,9 @@
 #include <typeindex>
 #include <unordered_map>
 
-/// Classes and methods that are reached by name: rows name their actions, setters and classes as text, controls send
-/// actions by selector, and the Settings application finds a bundle's principal class by its name. Each class registers
-/// itself once, in its source file:
+/// Classes and methods that are reached by name: rows name their actions, setters and classes as text,
+/// controls send actions by selector, and the Settings application finds a bundle's principal class by its
+/// name. Each class registers itself once, in its source file:
 ///
 ///     const auto registration = platform::registerClass<VekoraListController>("VekoraListController")
 ///                                   .initialiser<platform::CGSize>()
@@ -44,8 +44,8 @@ public:
     std::string className() const;
 
     bool respondsToSelector(std::string_view selector) const;
-    /// Superfluous arguments are dropped and missing ones are nothing, as actions with no, one or two arguments are
-    /// called alike. Nothing when there is no such method.
+    /// Superfluous arguments are dropped and missing ones are nothing, as actions with no, one or two
+    /// arguments are called alike. Nothing when there is no such method.
     Argument performSelector(std::string_view selector, std::initializer_list<Argument> = {});
 };
 
@@ -54,8 +54,8 @@ class Class {
 public:
     const std::string& name() const { return _name; }
 
-    /// A new object made by the initialiser that takes these arguments; null when the class has none such, or is no
-    /// `Base`.
+    /// A new object made by the initialiser that takes these arguments; null when the class has none such, or
+    /// is no `Base`.
     template <typename Base, typename... Arguments_> Ref<Base> make(const Arguments_&... arguments) const;
 
     /// Sends a message to the class itself.
@@ -112,7 +112,8 @@ namespace detail {
 
 /// One parameter of a method from what the message carries.
 template <typename T> struct FromArgument {
-    static_assert(std::is_pointer_v<T>, "a method reached by name takes objects, property values or plain values");
+    static_assert(
+        std::is_pointer_v<T>, "a method reached by name takes objects, property values or plain values");
     static T convert(const Argument& argument)
     {
         const auto* object = std::get_if<NSObject*>(&argument);
@@ -134,10 +135,16 @@ template <> struct FromArgument<PropertyValue> {
     }
 };
 template <> struct FromArgument<long> {
-    static long convert(const Argument& argument) { return FromArgument<PropertyValue>::convert(argument).intValue(); }
+    static long convert(const Argument& argument)
+    {
+        return FromArgument<PropertyValue>::convert(argument).intValue();
+    }
 };
 template <> struct FromArgument<bool> {
-    static bool convert(const Argument& argument) { return FromArgument<PropertyValue>::convert(argument).boolValue(); }
+    static bool convert(const Argument& argument)
+    {
+        return FromArgument<PropertyValue>::convert(argument).boolValue();
+    }
 };
 template <> struct FromArgument<std::string> {
     static std::string convert(const Argument& argument)
@@ -165,10 +172,12 @@ inline const Argument& argumentAt(Arguments arguments, std::size_t index)
 }
 
 template <typename Function, typename... Parameters, std::size_t... Index>
-Argument call(const Function& function, Arguments arguments, std::index_sequence<Index...>, std::type_identity<void(Parameters...)>)
+Argument call(const Function& function, Arguments arguments, std::index_sequence<Index...>,
+    std::type_identity<void(Parameters...)>)
 {
     const auto invoke = [&] {
-        return function(FromArgument<std::remove_cvref_t<Parameters>>::convert(argumentAt(arguments, Index))...);
+        return function(
+            FromArgument<std::remove_cvref_t<Parameters>>::convert(argumentAt(arguments, Index))...);
     };
     if constexpr (std::is_void_v<decltype(invoke())>) {
         invoke();
@@ -200,7 +209,8 @@ public:
     }
 
     template <typename Owner, typename Result, typename... Parameters>
-    TypedClassRegistration&& method(std::string_view selector, Result (Owner::*function)(Parameters...) const) &&
+    TypedClassRegistration&& method(
+        std::string_view selector, Result (Owner::*function)(Parameters...) const) &&
     {
         return std::move(*this).template add<Parameters...>(selector, function);
     }
@@ -219,13 +229,17 @@ private:
     template <typename... Parameters, typename Function>
     TypedClassRegistration&& add(std::string_view selector, Function function) &&
     {
-        registeredClass()._methods[std::string(selector)] = [function](NSObject& object, Arguments arguments) -> Argument {
+        registeredClass()._methods[std::string(selector)]
+            = [function](NSObject& object, Arguments arguments) -> Argument {
             auto* self = dynamic_cast<T*>(&object);
             if (!self)
                 return {};
             return detail::call(
-                [&](auto&&... values) { return (self->*function)(std::forward<decltype(values)>(values)...); },
-                arguments, std::index_sequence_for<Parameters...> {}, std::type_identity<void(Parameters...)> {});
+                [&](auto&&... values) {
+                    return (self->*function)(std::forward<decltype(values)>(values)...);
+                },
+                arguments, std::index_sequence_for<Parameters...> {},
+                std::type_identity<void(Parameters...)> {});
         };
         return std::move(*this);
     }
@@ -236,7 +250,8 @@ private:
         auto result = std::make_unique<Class>();
         result->_name = name;
         result->_type = typeid(T);
-        result->_isInstance = [](const NSObject& object) { return dynamic_cast<const T*>(&object) != nullptr; };
+        result->_isInstance
+            = [](const NSObject& object) { return dynamic_cast<const T*>(&object) != nullptr; };
         return result;
     }
 };

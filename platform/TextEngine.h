@@ -23,8 +23,9 @@ CGSize measureText(std::string_view utf8, const TextStyle&, CGFloat width);
 /// Height of one line in points, not rounded.
 CGFloat lineHeight(const UIFont&);
 
-/// Draws into `target`, which is `rect.size()` at `scale` pixels a point; lines stand in its vertical middle, and what
-/// does not fit ends in an ellipsis.
-void drawText(Bitmap& target, double scale, std::string_view utf8, const TextStyle&, const CGColor&, CGSize size);
+/// Draws into `target`, which is `rect.size()` at `scale` pixels a point; lines stand in its vertical middle,
+/// and what does not fit ends in an ellipsis.
+void drawText(
+    Bitmap& target, double scale, std::string_view utf8, const TextStyle&, const CGColor&, CGSize size);
 
 }

@@ -19,8 +19,8 @@ public:
 
 enum class UIAlertViewStyle { Default = 0, SecureTextInput = 1, PlainTextInput = 2 };
 
-/// A question above a dimmed page. Lives, once shown, until one of its buttons is tapped; alerts shown meanwhile lie on
-/// top of it.
+/// A question above a dimmed page. Lives, once shown, until one of its buttons is tapped; alerts shown
+/// meanwhile lie on top of it.
 class UIAlertView final : public UIView {
 public:
     struct Settings {

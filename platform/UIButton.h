@@ -8,7 +8,8 @@ namespace platform {
 enum class UIButtonType { Custom = 0, RoundedRect = 1 };
 enum class UIControlState { Normal = 0 };
 
-/// A button: nothing but its tinted title, if it has one. Without a title it draws nothing, yet takes touches.
+/// A button: nothing but its tinted title, if it has one. Without a title it draws nothing, yet takes
+/// touches.
 class UIButton : public UIControl {
 public:
     explicit UIButton(UIButtonType = UIButtonType::Custom);

@@ -33,11 +33,11 @@ private:
 
 std::span<const CGFloat> CGColorGetComponents(const CGColor&);
 
-/// A colour as the platform keeps it: double-precision components in grey or device RGB. Components are brought into
-/// 0..1 when the colour is made (NaN becomes 0), so a colour made from hue 2 is made from hue 1.
+/// A colour as the platform keeps it: double-precision components in grey or device RGB. Components are
+/// brought into 0..1 when the colour is made (NaN becomes 0), so a colour made from hue 2 is made from hue 1.
 ///
-/// There is no HSB space: a colour made from hue, saturation and brightness keeps its red, green and blue only. So every
-/// hue of a grey, and every hue and saturation of black, are the same colour.
+/// There is no HSB space: a colour made from hue, saturation and brightness keeps its red, green and blue
+/// only. So every hue of a grey, and every hue and saturation of black, are the same colour.
 class UIColor {
 public:
     static UIColor colorWithRedGreenBlueAlpha(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
@@ -51,8 +51,8 @@ public:
     static UIColor redColor();
     static UIColor blueColor();
 
-    /// Writes hue (0..1, below 1; 0 for a grey), saturation and brightness where the pointer is not null. False, writing
-    /// nothing, for a colour that has none; both of this layer's spaces have.
+    /// Writes hue (0..1, below 1; 0 for a grey), saturation and brightness where the pointer is not null.
+    /// False, writing nothing, for a colour that has none; both of this layer's spaces have.
     bool getHueSaturationBrightnessAlpha(
         CGFloat* hue, CGFloat* saturation, CGFloat* brightness, CGFloat* alpha) const;
 

@@ -27,15 +27,15 @@ enum UIControlEvents : unsigned {
 /// How far beyond its bounds a control still counts a tracked touch as inside, on each side, in points.
 inline constexpr CGFloat controlTrackingMargin = 70;
 
-/// A view that tracks one touch and tells its targets. A touch begins within the bounds; afterwards "inside" reaches
-/// `controlTrackingMargin` further.
+/// A view that tracks one touch and tells its targets. A touch begins within the bounds; afterwards "inside"
+/// reaches `controlTrackingMargin` further.
 class UIControl : public UIView {
 public:
     UIControl();
     explicit UIControl(CGRect frame);
 
-    /// The target is sent the selector with the control and the event; it is not kept alive, and one that has gone is
-    /// passed over. The same registration made twice counts once.
+    /// The target is sent the selector with the control and the event; it is not kept alive, and one that has
+    /// gone is passed over. The same registration made twice counts once.
     void addTargetActionForControlEvents(NSObject* target, std::string_view action, unsigned events);
     void sendActionsForControlEvents(unsigned events, UIEvent* = nullptr);
 

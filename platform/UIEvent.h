@@ -19,7 +19,10 @@ public:
     UITouchPhase phase() const { return _phase; }
     /// In the view's coordinates, which may be negative or beyond its bounds; null is the window.
     CGPoint locationInView(const UIView*) const;
-    double timestamp() const { return _timestamp; } ///< Seconds from any origin; 0 when nobody times the touch.
+    double timestamp() const
+    {
+        return _timestamp;
+    } ///< Seconds from any origin; 0 when nobody times the touch.
 
     /// For the window that delivers the touch.
     void update(UITouchPhase, CGPoint locationInWindow, double timestamp);

@@ -13,8 +13,8 @@ struct Bitmap;
 /// A picture from a file: as many points wide as its @1x file has pixels.
 class UIImage {
 public:
-    /// An absolute device path, with or without ".png"; the file for the screen's scale (NAME@2x.png, NAME@3x.png) is
-    /// taken where there is one. Nothing when no file is there or it holds no image.
+    /// An absolute device path, with or without ".png"; the file for the screen's scale (NAME@2x.png,
+    /// NAME@3x.png) is taken where there is one. Nothing when no file is there or it holds no image.
     static std::optional<UIImage> imageNamed(std::string_view devicePath);
 
     CGSize size() const { return _size; } ///< In points.

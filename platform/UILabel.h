@@ -10,8 +10,8 @@ namespace platform {
 /// The phone's numbers.
 enum class NSTextAlignment { Left = 0, Center = 1, Right = 2, Justified = 3, Natural = 4 };
 
-/// Text: 17-point system font, black, left-aligned, one line that ends in an ellipsis when it is too long. Touches pass
-/// through it. Repaints itself when its text, its look or its size changes.
+/// Text: 17-point system font, black, left-aligned, one line that ends in an ellipsis when it is too long.
+/// Touches pass through it. Repaints itself when its text, its look or its size changes.
 class UILabel : public UIView {
 public:
     UILabel();
@@ -28,8 +28,8 @@ public:
     long numberOfLines() const; ///< 0: as many as it takes.
     void setNumberOfLines(long);
 
-    /// One line is not limited by the width given; several wrap at it. Rounded up to whole device pixels. An empty text
-    /// is one line high and has no width.
+    /// One line is not limited by the width given; several wrap at it. Rounded up to whole device pixels. An
+    /// empty text is one line high and has no width.
     CGSize sizeThatFits(CGSize) const override;
     void drawRect(CGRect) override;
 

@@ -4,8 +4,8 @@
 
 namespace platform {
 
-/// A window onto content that may be larger than it. It follows a finger that began on nothing that wants the touch, and
-/// glides on when the finger is lifted in motion, as long as somebody drives `advance`.
+/// A window onto content that may be larger than it. It follows a finger that began on nothing that wants the
+/// touch, and glides on when the finger is lifted in motion, as long as somebody drives `advance`.
 class UIScrollView : public UIView {
 public:
     explicit UIScrollView(CGRect frame);

@@ -8,7 +8,8 @@ namespace platform {
 enum class UITableViewCellStyle { Default = 0, Value1 = 1 };
 enum class UITableViewCellAccessory { None = 0, DisclosureIndicator = 1, Checkmark = 3 };
 
-/// A row of a table: an icon, a text, a value and an accessory, or whatever a subclass puts into its content view.
+/// A row of a table: an icon, a text, a value and an accessory, or whatever a subclass puts into its content
+/// view.
 class UITableViewCell : public UIView {
 public:
     static constexpr CGFloat defaultHeight = 44;

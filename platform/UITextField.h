@@ -20,8 +20,8 @@ enum class UIKeyboardType {
 /// True when the keyboard has a key for this character.
 bool keyboardHasCharacter(UIKeyboardType, char32_t);
 
-/// A line of text that can be edited, with selection, clipboard and input methods. The keyboard limits the keys that can
-/// be typed, never what is pasted or set.
+/// A line of text that can be edited, with selection, clipboard and input methods. The keyboard limits the
+/// keys that can be typed, never what is pasted or set.
 class UITextField : public UIControl {
 public:
     UITextField();

@@ -27,15 +27,16 @@ enum class UIViewContentMode { ScaleToFill = 0, Redraw = 3 };
 
 /// A rectangle on the screen: a picture of its own, kept in its layer, with its subviews on top.
 ///
-/// `drawRect` runs on the first display and after `setNeedsDisplay`, once a display pass however often it was marked.
-/// Moving, hiding or covering a view, or moving its neighbours, repaints nothing.
+/// `drawRect` runs on the first display and after `setNeedsDisplay`, once a display pass however often it was
+/// marked. Moving, hiding or covering a view, or moving its neighbours, repaints nothing.
 class UIView : public NSObject {
 public:
     UIView();
     explicit UIView(CGRect frame);
     ~UIView() override;
 
-    /// In the superview, in points. Setting it keeps the bounds' origin; a negative or undefined size counts as 0.
+    /// In the superview, in points. Setting it keeps the bounds' origin; a negative or undefined size counts
+    /// as 0.
     CGRect frame() const;
     void setFrame(CGRect);
     CGRect bounds() const;
@@ -49,8 +50,8 @@ public:
     bool autoresizesSubviews() const;
     void setAutoresizesSubviews(bool);
 
-    /// Later subviews lie above earlier ones and are touched first. Adding a subview again brings it to the front;
-    /// adding a view to itself or to one of its own subviews does nothing.
+    /// Later subviews lie above earlier ones and are touched first. Adding a subview again brings it to the
+    /// front; adding a view to itself or to one of its own subviews does nothing.
     void addSubview(const Ref<UIView>&);
     void insertSubviewAtIndex(const Ref<UIView>&, std::size_t index);
     void removeFromSuperview();
@@ -94,7 +95,8 @@ public:
     virtual bool pointInsideWithEvent(CGPoint, UIEvent*) const;
 
     virtual void layoutSubviews();
-    /// Paints into `UIGraphicsGetCurrentContext()`, in points from the view's top left. Paints nothing by default.
+    /// Paints into `UIGraphicsGetCurrentContext()`, in points from the view's top left. Paints nothing by
+    /// default.
     virtual void drawRect(CGRect);
 
     /// A touch that began in this view. By default it is handed to the superview.

@@ -21,8 +21,9 @@ public:
     /// Makes it the key window.
     void makeKey();
 
-    /// One finger, in points from the window's top left; `timestamp` in seconds, or 0 when nobody times it. A touch that
-    /// begins while another is down ends the other first; moves and ends without a touch do nothing.
+    /// One finger, in points from the window's top left; `timestamp` in seconds, or 0 when nobody times it. A
+    /// touch that begins while another is down ends the other first; moves and ends without a touch do
+    /// nothing.
     void touchBegan(CGPoint, double timestamp = 0);
     void touchMoved(CGPoint, double timestamp = 0);
     void touchEnded(CGPoint, double timestamp = 0);
@@ -32,15 +33,16 @@ public:
     UITextField* firstResponder() const;
     void setFirstResponder(UITextField*);
 
-    /// Lays out and paints whatever is marked, until nothing is; the picture is then up to date. Returns what changed in
-    /// it, in device pixels: nothing when nothing did.
+    /// Lays out and paints whatever is marked, until nothing is; the picture is then up to date. Returns what
+    /// changed in it, in device pixels: nothing when nothing did.
     std::vector<PixelRect> display();
     /// As of the last `display`. Opaque.
     const Bitmap& picture() const;
     double scale() const;
     void setScale(double); ///< Paints everything anew.
 
-    /// Called whenever something is marked after a `display`, once until the next: for a host that shows the window.
+    /// Called whenever something is marked after a `display`, once until the next: for a host that shows the
+    /// window.
     void setNeedsDisplayHandler(std::function<void()>);
 
     // Internal: for the layer's views.
