@@ -75,6 +75,16 @@ Argument NSObject::performSelector(std::string_view selector, std::initializer_l
     return method ? (*method)(*this, Arguments(arguments.begin(), arguments.size())) : Argument();
 }
 
+WeakObject::WeakObject(NSObject* object)
+    : _object(object)
+{
+    if (!object)
+        return;
+    if (!object->_life)
+        object->_life = std::make_shared<char>();
+    _life = object->_life;
+}
+
 const Method* Class::methodForSelector(std::string_view selector) const
 {
     const auto found = _methods.find(selector);

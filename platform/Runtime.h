@@ -47,6 +47,22 @@ public:
     /// Superfluous arguments are dropped and missing ones are nothing, as actions with no, one or two
     /// arguments are called alike. Nothing when there is no such method.
     Argument performSelector(std::string_view selector, std::initializer_list<Argument> = {});
+
+private:
+    friend class WeakObject;
+    std::shared_ptr<void> _life; ///< Ends with the object; made when somebody first looks.
+};
+
+/// A look at an object without ownership, which knows when the object has gone. Unlike a weak pointer it can
+/// be taken inside the object's own constructor.
+class WeakObject {
+public:
+    explicit WeakObject(NSObject* = nullptr);
+    NSObject* get() const { return _life.expired() ? nullptr : _object; }
+
+private:
+    NSObject* _object;
+    std::weak_ptr<void> _life;
 };
 
 /// A registered class. Lives as long as the module that registered it.

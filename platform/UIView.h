@@ -116,6 +116,13 @@ protected:
     UIView(CGRect frame, std::unique_ptr<Impl>);
 
 private:
+    friend class UIWindow;
+    void resize(CGSize);
+    void moveToWindow(UIWindow*);
+    void layoutOwnIfNeeded();
+    void layoutTree();
+    void layoutIfMarked();
+
     std::unique_ptr<Impl> _impl;
 };
 

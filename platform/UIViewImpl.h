@@ -12,7 +12,9 @@ struct UIView::Impl {
 
     UIView& owner;
     CALayer layer;
+    // Both are kept, so that whichever was set reads back to the last bit.
     CGPoint center;
+    CGPoint origin;
     CGRect bounds;
     unsigned autoresizingMask = 0;
     bool autoresizesSubviews = true;
@@ -29,10 +31,12 @@ struct UIView::Impl {
     std::vector<Ref<UIView>> subviews;
     /// What the last `drawRect` painted, or what a view that does not draw shows; null for nothing.
     std::shared_ptr<const LayerContents> contents;
-    bool draws = true; ///< False: the contents are set from outside and `drawRect` is never called.
+    bool draws = true; ///< Until the default `drawRect` turns out to be the one that runs.
+    bool contentsAreSet = false; ///< `contents` come from outside and `drawRect` is never called.
 
     /// Marks what the view and its subviews cover to be composed anew.
     void damage();
+    void damageOwn(); ///< The view's bounds alone.
     void markPending();
     /// The rectangle that the view with its shadow and everything in it covers, in its own coordinates.
     CGRect coverage() const;

@@ -51,6 +51,8 @@ public:
     void _viewIsGone(const UIView*);
 
 private:
+    void displayTree(UIView&);
+
     struct WindowImpl;
     WindowImpl& windowImpl() const;
 };

@@ -1,0 +1,11 @@
+#include "CALayer.h"
+#include "UIViewImpl.h"
+
+namespace platform {
+
+void CALayer::willChange()
+{
+    _view.impl().damage();
+}
+
+}

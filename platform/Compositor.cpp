@@ -1,0 +1,359 @@
+#include "Compositor.h"
+#include "Blending.h"
+#include "Shadow.h"
+#include "UIViewImpl.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace platform {
+
+namespace {
+
+constexpr std::size_t mostPieces
+    = 12; // Of what is left of an item under opaque ones; beyond, it is just painted.
+constexpr int smallestOccluder = 2048; // Pixels; cutting around less than that does not pay.
+
+// What of `rect` lies outside `hole`: up to four pieces.
+void subtract(PixelRect rect, PixelRect hole, std::vector<PixelRect>& pieces)
+{
+    hole = rect.intersected(hole);
+    if (hole.isEmpty()) {
+        pieces.push_back(rect);
+        return;
+    }
+    const PixelRect parts[] = {
+        { rect.x, rect.y, rect.width, hole.y - rect.y },
+        { rect.x, hole.bottom(), rect.width, rect.bottom() - hole.bottom() },
+        { rect.x, hole.y, hole.x - rect.x, hole.height },
+        { hole.right(), hole.y, rect.right() - hole.right(), hole.height },
+    };
+    std::copy_if(std::begin(parts), std::end(parts), std::back_inserter(pieces),
+        [](const auto& part) { return !part.isEmpty(); });
+}
+
+bool isOpaque(std::uint32_t pixel)
+{
+    return pixel >> 24U == 255U;
+}
+
+// Contents of nearly the size of what they fill are not stretched: places between pixels round differently.
+bool fits(const LayerContents& contents, PixelRect rect)
+{
+    return std::abs(contents.width() - rect.width) <= 1 && std::abs(contents.height() - rect.height) <= 1;
+}
+
+Bitmap stretched(const LayerContents& contents, PixelRect rect, PixelRect part)
+{
+    Bitmap source(contents.width(), contents.height());
+    contents.read(source.rect(), source.pixels.get(), source.width);
+    Bitmap result(part.width, part.height);
+    const auto at = [&](int x, int y) {
+        return source.at(std::clamp(x, 0, source.width - 1), std::clamp(y, 0, source.height - 1));
+    };
+    for (int y = 0; y < part.height; ++y) {
+        const auto sy = (part.y - rect.y + y + 0.5) * source.height / rect.height - 0.5;
+        const auto top = static_cast<int>(std::floor(sy));
+        const auto down = static_cast<std::uint32_t>((sy - top) * 255 + 0.5);
+        for (int x = 0; x < part.width; ++x) {
+            const auto sx = (part.x - rect.x + x + 0.5) * source.width / rect.width - 0.5;
+            const auto left = static_cast<int>(std::floor(sx));
+            const auto across = static_cast<std::uint32_t>((sx - left) * 255 + 0.5);
+            const auto upper
+                = scaledPixel(at(left, top), 255 - across) + scaledPixel(at(left + 1, top), across);
+            const auto lower
+                = scaledPixel(at(left, top + 1), 255 - across) + scaledPixel(at(left + 1, top + 1), across);
+            result.row(y)[x] = scaledPixel(upper, 255 - down) + scaledPixel(lower, down);
+        }
+    }
+    return result;
+}
+
+}
+
+Compositor::Compositor(Bitmap& target, int originX, int originY, double scale)
+    : _target(target)
+    , _originX(originX)
+    , _originY(originY)
+    , _scale(scale)
+{
+}
+
+PixelRect Compositor::pixelRect(double x, double y, CGSize size) const
+{
+    // Far away counts as just outside: screens are small, and a row of pixels is counted in ints.
+    const auto pixel = [this](double points) {
+        return static_cast<int>(std::clamp(std::floor(points * _scale + 0.5), -1e8, 1e8));
+    };
+    const auto left = pixel(x);
+    const auto top = pixel(y);
+    return { left, top, pixel(x + size.width) - left, pixel(y + size.height) - top };
+}
+
+void Compositor::compose(const UIView& root, PixelRect damage)
+{
+    damage = damage.intersected({ _originX, _originY, _target.width, _target.height });
+    if (damage.isEmpty())
+        return;
+    _items.clear();
+    _masks.clear();
+    collect(root, 0, 0, damage, -1, false);
+
+    std::vector<PixelRect> pieces, remaining;
+    for (std::size_t index = 0; index < _items.size(); ++index) {
+        pieces.assign(1, _items[index].visible);
+        for (auto above = index + 1; above < _items.size() && !pieces.empty() && pieces.size() < mostPieces;
+             ++above) {
+            const auto& opaque = _items[above].opaque;
+            if (opaque.width * opaque.height < smallestOccluder)
+                continue;
+            remaining.clear();
+            for (const auto& piece : pieces)
+                subtract(piece, opaque, remaining);
+            pieces.swap(remaining);
+        }
+        for (const auto& piece : pieces)
+            paint(_items[index], piece);
+    }
+}
+
+void Compositor::collect(const UIView& view, double x, double y, PixelRect clip, int mask, bool asGroup)
+{
+    const auto& impl = view.impl();
+    if (impl.hidden || impl.alpha <= 0)
+        return;
+    const auto& layer = impl.layer;
+    const auto rect = pixelRect(x, y, impl.bounds.size());
+    const RoundedRect shape { rect, layer.cornerRadius() * _scale };
+
+    if (impl.alpha < 1 && !asGroup) {
+        const auto covered = impl.coverage();
+        auto visible
+            = pixelRect(x + covered.x - impl.bounds.x, y + covered.y - impl.bounds.y, covered.size());
+        visible
+            = PixelRect { visible.x - 1, visible.y - 1, visible.width + 2, visible.height + 2 }.intersected(
+                clip);
+        if (!visible.isEmpty())
+            _items.push_back({ Kind::Group, &view, shape, visible, 0, mask, x, y });
+        return;
+    }
+
+    if (layer.shadowOpacity() > 0 && !layer.masksToBounds()) {
+        const auto reach = static_cast<int>(std::ceil(layer.shadowRadius() * 3 * _scale)) + 1;
+        const auto shifted
+            = pixelRect(x + layer.shadowOffset().width, y + layer.shadowOffset().height, impl.bounds.size());
+        const PixelRect around { shifted.x - reach, shifted.y - reach, shifted.width + 2 * reach,
+            shifted.height + 2 * reach };
+        if (const auto visible = around.intersected(clip); !visible.isEmpty())
+            _items.push_back({ Kind::Shadow, &view, { shifted, shape.radius }, visible,
+                pixelOfColor(layer.shadowColor(), layer.shadowOpacity()), mask });
+    }
+
+    const auto own = rect.intersected(clip);
+    if (!own.isEmpty()) {
+        if (layer.backgroundColor()) {
+            Item item { Kind::Fill, &view, shape, own, pixelOfColor(*layer.backgroundColor()), mask };
+            if (isOpaque(item.color))
+                item.opaque = solidPart(shape.solidBand().intersected(own), mask);
+            if (item.color)
+                _items.push_back(item);
+        }
+    }
+    auto inner = mask;
+    if (layer.masksToBounds() && shape.radius > 0) {
+        _masks.push_back({ shape, mask });
+        inner = static_cast<int>(_masks.size()) - 1;
+    }
+    if (!own.isEmpty() && impl.contents) {
+        Item item { Kind::Contents, &view, { rect, 0 }, own, 0, inner };
+        if (impl.contents->isOpaque() && fits(*impl.contents, rect)) {
+            const PixelRect filled { rect.x, rect.y, std::min(rect.width, impl.contents->width()),
+                std::min(rect.height, impl.contents->height()) };
+            item.opaque = solidPart(filled.intersected(own), inner);
+        }
+        _items.push_back(item);
+    }
+    const auto innerClip = layer.masksToBounds() ? own : clip;
+    if (!innerClip.isEmpty()) {
+        for (const auto& subview : impl.subviews) {
+            const auto& below = subview->impl();
+            collect(*subview, x + below.origin.x - impl.bounds.x, y + below.origin.y - impl.bounds.y,
+                innerClip, inner, false);
+        }
+    }
+    if (layer.borderWidth() > 0 && !own.isEmpty())
+        _items.push_back({ Kind::Border, &view, shape, own, pixelOfColor(layer.borderColor()), mask });
+}
+
+PixelRect Compositor::solidPart(PixelRect rect, int mask) const
+{
+    for (; mask >= 0; mask = _masks[static_cast<std::size_t>(mask)].outer)
+        rect = rect.intersected(_masks[static_cast<std::size_t>(mask)].shape.solidBand());
+    return rect;
+}
+
+bool Compositor::isUnmasked(PixelRect rect, int mask) const
+{
+    return solidPart(rect, mask) == rect;
+}
+
+void Compositor::paint(const Item& item, PixelRect part)
+{
+    switch (item.kind) {
+    case Kind::Fill: {
+        _row.assign(static_cast<std::size_t>(part.width), item.color);
+        const auto solid = item.shape.solidBand();
+        for (int y = part.y; y < part.bottom(); ++y) {
+            const auto plain = y >= solid.y && y < solid.bottom();
+            if (plain && isOpaque(item.color) && isUnmasked({ part.x, y, part.width, 1 }, item.mask))
+                std::fill_n(targetRow(y, part.x), part.width, item.color);
+            else
+                blendRow(y, part.x, _row.size(), _row.data(), plain ? nullptr : &item.shape, item.mask);
+        }
+        return;
+    }
+    case Kind::Border:
+        return paintBorder(item, part);
+    case Kind::Contents:
+        return paintContents(item, part);
+    case Kind::Shadow:
+        return paintShadow(item, part);
+    case Kind::Group:
+        return paintGroup(item, part);
+    }
+}
+
+void Compositor::blendRow(
+    int y, int x, std::size_t count, const std::uint32_t* source, const RoundedRect* shape, int mask)
+{
+    auto* const target = targetRow(y, x);
+    const auto masked = !isUnmasked({ x, y, static_cast<int>(count), 1 }, mask);
+    if (!shape && !masked) {
+        for (std::size_t index = 0; index < count; ++index)
+            target[index] = blendedPixel(source[index], target[index]);
+        return;
+    }
+    _coverage.resize(count);
+    if (shape)
+        shape->coverageOfRow(y, x, _coverage);
+    else
+        std::fill(_coverage.begin(), _coverage.end(), std::uint8_t { 255 });
+    for (; masked && mask >= 0; mask = _masks[static_cast<std::size_t>(mask)].outer) {
+        _maskCoverage.resize(count);
+        _masks[static_cast<std::size_t>(mask)].shape.coverageOfRow(y, x, _maskCoverage);
+        for (std::size_t index = 0; index < count; ++index)
+            _coverage[index]
+                = static_cast<std::uint8_t>((_coverage[index] * _maskCoverage[index] + 127) / 255);
+    }
+    for (std::size_t index = 0; index < count; ++index) {
+        if (_coverage[index])
+            target[index] = blendedPixel(scaledPixel(source[index], _coverage[index]), target[index]);
+    }
+}
+
+void Compositor::paintContents(const Item& item, PixelRect part)
+{
+    const auto& contents = *item.view->impl().contents;
+    const auto& rect = item.shape.rect;
+    if (contents.width() <= 0 || contents.height() <= 0)
+        return;
+    if (!fits(contents, rect)) {
+        const auto picture = stretched(contents, rect, part);
+        for (int y = 0; y < part.height; ++y)
+            blendRow(
+                part.y + y, part.x, static_cast<std::size_t>(part.width), picture.row(y), nullptr, item.mask);
+        return;
+    }
+    part = part.intersected({ rect.x, rect.y, contents.width(), contents.height() });
+    if (part.isEmpty())
+        return;
+    const auto inContents = [&](PixelRect r) {
+        return PixelRect { r.x - rect.x, r.y - rect.y, r.width, r.height };
+    };
+    auto direct = contents.isOpaque() ? solidPart(part, item.mask) : PixelRect {};
+    if (direct.x != part.x || direct.width != part.width)
+        direct = {}; // Rows are painted whole, one way or the other.
+    if (!direct.isEmpty())
+        contents.read(inContents(direct), targetRow(direct.y, direct.x), _target.width);
+    _row.resize(static_cast<std::size_t>(part.width));
+    for (int y = part.y; y < part.bottom(); ++y) {
+        if (!direct.isEmpty() && y >= direct.y && y < direct.bottom())
+            continue;
+        contents.read(inContents({ part.x, y, part.width, 1 }), _row.data(), part.width);
+        blendRow(y, part.x, _row.size(), _row.data(), nullptr, item.mask);
+    }
+}
+
+void Compositor::paintBorder(const Item& item, PixelRect part)
+{
+    const auto width
+        = std::max(1, static_cast<int>(std::floor(item.view->layer().borderWidth() * _scale + 0.5)));
+    const auto& outer = item.shape;
+    const RoundedRect inner { { outer.rect.x + width, outer.rect.y + width, outer.rect.width - 2 * width,
+                                  outer.rect.height - 2 * width },
+        std::max(0.0, outer.radius - width) };
+    const auto solid = outer.solidBand();
+    std::vector<std::uint8_t> hole;
+    const auto ring = [&](int y, int x, int count) {
+        if (count <= 0)
+            return;
+        _row.resize(static_cast<std::size_t>(count));
+        _coverage.resize(_row.size());
+        hole.resize(_row.size());
+        outer.coverageOfRow(y, x, _coverage);
+        inner.coverageOfRow(y, x, hole);
+        for (std::size_t index = 0; index < _row.size(); ++index)
+            _row[index] = scaledPixel(
+                item.color, static_cast<std::uint32_t>(std::max(0, _coverage[index] - hole[index])));
+        blendRow(y, x, _row.size(), _row.data(), nullptr, item.mask);
+    };
+    for (int y = part.y; y < part.bottom(); ++y) {
+        const auto between = inner.rect.width > 0 && y >= inner.rect.y && y < inner.rect.bottom()
+            && y >= solid.y && y < solid.bottom();
+        if (!between) {
+            ring(y, part.x, part.width);
+            continue;
+        }
+        ring(y, part.x, std::min(part.right(), inner.rect.x) - part.x);
+        const auto right = std::max(part.x, inner.rect.right());
+        ring(y, right, part.right() - right);
+    }
+}
+
+void Compositor::paintShadow(const Item& item, PixelRect part)
+{
+    const auto& shape = item.shape;
+    if (shape.rect.isEmpty())
+        return;
+    const auto mask = shadowMask(
+        shape.rect.width, shape.rect.height, shape.radius, item.view->layer().shadowRadius() * _scale);
+    const PixelRect place { shape.rect.x - mask->margin, shape.rect.y - mask->margin, mask->width,
+        mask->height };
+    part = part.intersected(place);
+    _row.resize(static_cast<std::size_t>(std::max(0, part.width)));
+    for (int y = part.y; y < part.bottom(); ++y) {
+        const auto* alpha
+            = mask->alpha.data() + static_cast<std::size_t>(y - place.y) * mask->width + (part.x - place.x);
+        for (std::size_t index = 0; index < _row.size(); ++index)
+            _row[index] = scaledPixel(item.color, alpha[index]);
+        blendRow(y, part.x, _row.size(), _row.data(), nullptr, item.mask);
+    }
+}
+
+void Compositor::paintGroup(const Item& item, PixelRect part)
+{
+    auto picture = Bitmap::cleared(part.width, part.height);
+    Compositor group(picture, part.x, part.y, _scale);
+    group.collect(*item.view, item.x, item.y, part, -1, true);
+    for (const auto& member : group._items)
+        group.paint(member, member.visible);
+    const auto alpha = static_cast<std::uint32_t>(item.view->alpha() * 255 + 0.5);
+    for (int y = 0; y < part.height; ++y) {
+        std::transform(picture.row(y), picture.row(y) + part.width, picture.row(y),
+            [alpha](auto pixel) { return scaledPixel(pixel, alpha); });
+        blendRow(
+            part.y + y, part.x, static_cast<std::size_t>(part.width), picture.row(y), nullptr, item.mask);
+    }
+}
+
+}

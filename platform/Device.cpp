@@ -1,0 +1,11 @@
+#include "Device.h"
+
+namespace platform {
+
+Device& Device::current()
+{
+    static Device device;
+    return device;
+}
+
+}

@@ -1,0 +1,286 @@
+#include "UIWindow.h"
+#include "Compositor.h"
+#include "Device.h"
+#include "Journal.h"
+#include "UITextField.h"
+#include "UIViewImpl.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace platform {
+
+namespace {
+
+constexpr int mostLayoutPasses = 16; // A page that never settles still gets shown.
+constexpr std::size_t mostDamagedRects = 12;
+
+UIWindow* theKeyWindow = nullptr;
+
+const char* phaseName(UITouchPhase phase)
+{
+    static constexpr const char* names[] = { "began", "moved", "ended", "cancelled" };
+    return names[static_cast<int>(phase)];
+}
+
+}
+
+struct UIWindow::WindowImpl : UIView::Impl {
+    using Impl::Impl;
+
+    void deliver(UITouchPhase phase, CGPoint location, double timestamp)
+    {
+        const auto current = event;
+        auto& touch = current->touch();
+        touch.update(phase, location, timestamp);
+        if (auto& journal = Journal::shared(); journal.isHeard())
+            journal.record({ JournalEntry::Kind::Touch, phaseName(phase), touch.view()->className() });
+        switch (phase) {
+        case UITouchPhase::Began:
+            return touch.view()->touchesBeganWithEvent(*current);
+        case UITouchPhase::Moved:
+            return touch.view()->touchesMovedWithEvent(*current);
+        case UITouchPhase::Ended:
+            event = nullptr;
+            return touch.view()->touchesEndedWithEvent(*current);
+        case UITouchPhase::Cancelled:
+            event = nullptr;
+            return touch.view()->touchesCancelledWithEvent(*current);
+        }
+    }
+
+    double scale = Device::current().scale;
+    Bitmap picture;
+    std::vector<PixelRect> damaged;
+    std::shared_ptr<UIEvent> event; ///< Of the finger that is down.
+    CGPoint lastLocation;
+    UITextField* firstResponder = nullptr;
+    const UIView* firstResponderView = nullptr; ///< The same, for when only its view is left of it.
+    std::function<void()> needsDisplayHandler;
+    bool handlerCalled = false;
+};
+
+UIWindow::UIWindow(CGSize size)
+    : UIView({ 0, 0, size.width, size.height }, std::make_unique<WindowImpl>(*this))
+{
+    impl().window = this;
+    setBackgroundColor(UIColor::whiteColor());
+}
+
+UIWindow::~UIWindow()
+{
+    touchCancelled();
+    while (!subviews().empty())
+        subviews().back()->removeFromSuperview();
+    if (theKeyWindow == this)
+        theKeyWindow = nullptr;
+    impl().window = nullptr;
+}
+
+UIWindow::WindowImpl& UIWindow::windowImpl() const
+{
+    return static_cast<WindowImpl&>(const_cast<UIWindow*>(this)->impl());
+}
+
+UIWindow* UIWindow::keyWindow()
+{
+    return theKeyWindow;
+}
+void UIWindow::makeKey()
+{
+    theKeyWindow = this;
+}
+
+void UIWindow::touchBegan(CGPoint location, double timestamp)
+{
+    auto& own = windowImpl();
+    if (own.event)
+        touchEnded(own.lastLocation, timestamp);
+    auto* const hit = hitTestWithEvent(location, nullptr);
+    if (!hit)
+        return;
+    const auto view = std::dynamic_pointer_cast<UIView>(hit->weak_from_this().lock());
+    if (!view)
+        return;
+    own.lastLocation = location;
+    own.event = std::make_shared<UIEvent>(std::make_shared<UITouch>(view, location));
+    own.deliver(UITouchPhase::Began, location, timestamp);
+}
+
+void UIWindow::touchMoved(CGPoint location, double timestamp)
+{
+    auto& own = windowImpl();
+    if (!own.event)
+        return;
+    own.lastLocation = location;
+    own.deliver(UITouchPhase::Moved, location, timestamp);
+}
+
+void UIWindow::touchEnded(CGPoint location, double timestamp)
+{
+    if (windowImpl().event)
+        windowImpl().deliver(UITouchPhase::Ended, location, timestamp);
+}
+
+void UIWindow::touchCancelled()
+{
+    if (windowImpl().event)
+        windowImpl().deliver(UITouchPhase::Cancelled, windowImpl().lastLocation, 0);
+}
+
+UITextField* UIWindow::firstResponder() const
+{
+    return windowImpl().firstResponder;
+}
+
+void UIWindow::setFirstResponder(UITextField* field)
+{
+    windowImpl().firstResponder = field;
+    windowImpl().firstResponderView = field;
+}
+
+double UIWindow::scale() const
+{
+    return windowImpl().scale;
+}
+const Bitmap& UIWindow::picture() const
+{
+    return windowImpl().picture;
+}
+
+void UIWindow::setScale(double scale)
+{
+    auto& own = windowImpl();
+    if (scale == own.scale)
+        return;
+    own.scale = scale;
+    const auto mark = [](auto& self, UIView& view) -> void {
+        view.setNeedsDisplay();
+        view.setNeedsLayout();
+        for (const auto& subview : view.subviews())
+            self(self, *subview);
+    };
+    mark(mark, *this);
+    own.picture = {};
+}
+
+void UIWindow::setNeedsDisplayHandler(std::function<void()> handler)
+{
+    windowImpl().needsDisplayHandler = std::move(handler);
+}
+
+void UIWindow::_markDamage(CGRect rect)
+{
+    auto& own = windowImpl();
+    const CGRect visible = CGRectIntersection(rect, { 0, 0, bounds().width, bounds().height });
+    if (visible.isEmpty())
+        return;
+    const auto left = static_cast<int>(std::floor(visible.minX() * own.scale));
+    const auto top = static_cast<int>(std::floor(visible.minY() * own.scale));
+    PixelRect pixels { left, top, static_cast<int>(std::ceil(visible.maxX() * own.scale)) - left,
+        static_cast<int>(std::ceil(visible.maxY() * own.scale)) - top };
+    // Rectangles that meet become one, so that nothing is composed twice.
+    for (bool grown = true; grown;) {
+        grown = false;
+        for (auto known = own.damaged.begin(); known != own.damaged.end(); ++known) {
+            if (known->intersected(pixels).isEmpty())
+                continue;
+            pixels = pixels.united(*known);
+            own.damaged.erase(known);
+            grown = true;
+            break;
+        }
+    }
+    own.damaged.push_back(pixels);
+    if (own.damaged.size() > mostDamagedRects) {
+        PixelRect all;
+        for (const auto& known : own.damaged)
+            all = all.united(known);
+        own.damaged.assign(1, all);
+    }
+    _markPending();
+}
+
+void UIWindow::_markPending()
+{
+    auto& own = windowImpl();
+    if (own.handlerCalled || !own.needsDisplayHandler)
+        return;
+    own.handlerCalled = true;
+    own.needsDisplayHandler();
+}
+
+void UIWindow::_viewIsGone(const UIView* view)
+{
+    auto& own = windowImpl();
+    if (view != own.firstResponderView)
+        return;
+    own.firstResponder = nullptr;
+    own.firstResponderView = nullptr;
+}
+
+std::vector<PixelRect> UIWindow::display()
+{
+    auto& own = windowImpl();
+    const auto needsLayout = [](auto& self, const UIView& view) -> bool {
+        if (view.impl().needsLayout)
+            return true;
+        return view.impl().pendingBelow
+            && std::any_of(view.subviews().begin(), view.subviews().end(),
+                [&](const auto& subview) { return self(self, *subview); });
+    };
+    for (int pass = 0; pass < mostLayoutPasses && needsLayout(needsLayout, *this); ++pass)
+        layoutTree();
+    displayTree(*this);
+
+    const auto pixels
+        = [&](CGFloat points) { return static_cast<int>(std::floor(points * own.scale + 0.5)); };
+    const auto width = pixels(bounds().width);
+    const auto height = pixels(bounds().height);
+    if (own.picture.width != width || own.picture.height != height) {
+        own.picture = Bitmap::cleared(width, height);
+        own.damaged.assign(1, own.picture.rect());
+    }
+    auto damaged = std::move(own.damaged);
+    own.damaged.clear();
+    Compositor compositor(own.picture, 0, 0, own.scale);
+    for (auto& rect : damaged) {
+        rect = rect.intersected(own.picture.rect());
+        compositor.compose(*this, rect);
+    }
+    own.handlerCalled = false;
+    return damaged;
+}
+
+void UIWindow::displayTree(UIView& view)
+{
+    auto& impl = view.impl();
+    if (!impl.pendingBelow || impl.hidden)
+        return;
+    impl.pendingBelow = false;
+    if (impl.needsDisplay && !impl.contentsAreSet && !impl.bounds.isEmpty()) {
+        impl.needsDisplay = false;
+        if (impl.draws) {
+            CGContext context(impl.bounds.size(), windowImpl().scale);
+            {
+                CurrentContext current(context);
+                view.drawRect(impl.bounds);
+            }
+            impl.draws = impl.draws || context.hasDrawn();
+            if (impl.draws) {
+                if (auto& journal = Journal::shared(); journal.isHeard())
+                    journal.record({ JournalEntry::Kind::Paint, view.className() });
+            }
+            if (auto contents = context.finish(); contents || impl.contents) {
+                impl.contents = std::move(contents);
+                impl.damageOwn();
+            }
+        }
+    }
+    for (std::size_t index = 0; index < impl.subviews.size(); ++index) {
+        const auto subview = impl.subviews[index];
+        displayTree(*subview);
+    }
+}
+
+}
