@@ -1,0 +1,119 @@
+#include "Installation.h"
+
+#include "InstalledFile.h"
+
+#include <array>
+#include <stdexcept>
+
+namespace host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::array deviceFolders {
+    "private/var/mobile/Library/Preferences",
+    "private/var/tmp",
+    "Library/MobileSubstrate/DynamicLibraries",
+    "Library/PreferenceBundles",
+    "Library/PreferenceLoader/Preferences",
+    "Library/Switches",
+};
+constexpr auto toggleLibrary = "Library/MobileSubstrate/DynamicLibraries/Flipswitch.dylib";
+constexpr auto toggleSwitchFolder = "Library/Switches/VekoraFS.bundle";
+constexpr auto toggleSwitch = "Library/Switches/VekoraFS.bundle/VekoraFS";
+constexpr auto statusBarLibrary = "Library/MobileSubstrate/DynamicLibraries/libstatusbar.dylib";
+
+fs::path existingFolder(const fs::path& path)
+{
+    std::error_code error;
+    auto result = fs::canonical(path, error);
+    if (error || !fs::is_directory(result, error))
+        throw std::runtime_error("There is no folder " + path.string() + ".");
+    return result;
+}
+
+}
+
+InstallationSources InstallationSources::ofThisBuild()
+{
+    std::error_code error;
+    const auto program = fs::read_symlink("/proc/self/exe", error);
+    if (error)
+        throw std::runtime_error("The running program's folder cannot be found: " + error.message() + ".");
+    const auto build = program.parent_path().parent_path();
+    return {
+        .bundle = build / "Vekora.bundle",
+        .loaderEntry = build / "loader/Vekora.plist",
+        .toggle = build / "lib/Flipswitch.dylib",
+    };
+}
+
+Installation::Installation(fs::path root)
+{
+    std::error_code error;
+    fs::create_directories(root, error);
+    _root = existingFolder(root);
+    for (const auto* folder : deviceFolders)
+        makeFolder(_root, folder);
+    // Relative, so that the whole root can be moved.
+    if (fs::symlink_status(_root / "var", error).type() == fs::file_type::not_found) {
+        fs::create_directory_symlink("private/var", _root / "var", error);
+        if (error && error != std::errc::file_exists)
+            throw std::runtime_error((_root / "var").string() + " cannot be made: " + error.message() + ".");
+    }
+}
+
+std::string Installation::installPane(const InstallationSources& sources) const
+{
+    auto path = installBundle(sources.bundle);
+    installFile(sources.loaderEntry, _root, "Library/PreferenceLoader/Preferences/Vekora.plist");
+    return path;
+}
+
+std::string Installation::installBundle(const fs::path& folder) const
+{
+    const auto source = existingFolder(folder);
+    const auto place = fs::path("Library/PreferenceBundles") / (source.stem().string() + ".bundle");
+    makeFolder(_root, place);
+    if (fs::equivalent(source, _root / place))
+        return "/" + place.string();
+
+    std::error_code error;
+    auto entries = fs::recursive_directory_iterator(source, error);
+    for (const fs::recursive_directory_iterator end; !error && entries != end; entries.increment(error)) {
+        const auto target = place / entries->path().lexically_relative(source);
+        if (entries->is_directory() && !entries->is_symlink())
+            makeFolder(_root, target);
+        else if (entries->is_regular_file())
+            installFile(entries->path(), _root, target);
+    }
+    if (error)
+        throw std::runtime_error(source.string() + " cannot be read: " + error.message() + ".");
+    return "/" + place.string();
+}
+
+void Installation::installToggle(const InstallationSources& sources) const
+{
+    makeFolder(_root, toggleSwitchFolder);
+    installEmptyFile(_root, toggleSwitch);
+    installFile(sources.toggle, _root, toggleLibrary);
+}
+
+void Installation::removeToggle() const
+{
+    removeFile(_root, toggleLibrary);
+    removeFile(_root, toggleSwitch);
+}
+
+void Installation::installStatusBarLibrary() const
+{
+    installEmptyFile(_root, statusBarLibrary);
+}
+
+void Installation::removeStatusBarLibrary() const
+{
+    removeFile(_root, statusBarLibrary);
+}
+
+}

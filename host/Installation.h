@@ -1,0 +1,46 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// Where the parts that get installed lie on this machine.
+struct InstallationSources {
+    std::filesystem::path bundle; ///< The folder Vekora.bundle.
+    std::filesystem::path loaderEntry; ///< Its entry in the list of settings.
+    std::filesystem::path toggle; ///< The stand-in toggle framework's module.
+
+    /// As the build lays them out beside the running program.
+    static InstallationSources ofThisBuild();
+};
+
+/// A folder that stands for a device's file system, and what is installed in it. Everything may be done again
+/// at any time, and by several processes at once: only what is missing or has changed is written, each file
+/// as one step. Whatever fails throws std::runtime_error with one sentence.
+class Installation {
+public:
+    /// Makes the root, with what a device always has, as far as it is missing.
+    explicit Installation(std::filesystem::path root);
+
+    /// Copies the pane's bundle and its loader entry. Returns the bundle's device path.
+    std::string installPane(const InstallationSources&) const;
+    /// Copies any folder NAME.bundle (".bundle" is added to another name). Returns its device path.
+    std::string installBundle(const std::filesystem::path& folder) const;
+
+    /// The toggle framework's library, and the add-on's own switch.
+    void installToggle(const InstallationSources&) const;
+    void removeToggle() const;
+
+    /// Only whether the library's file is there matters.
+    void installStatusBarLibrary() const;
+    void removeStatusBarLibrary() const;
+
+    const std::filesystem::path& root() const { return _root; }
+
+private:
+    std::filesystem::path _root;
+};
+
+}
