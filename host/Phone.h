@@ -47,6 +47,9 @@ public:
     /// Finishes pending layout and painting; the window's picture is then up to date.
     void settle();
 
+    /// Scrolls whatever scrolls at this point of the window down by `dy` points.
+    void scrollAt(platform::CGPoint, platform::CGFloat dy);
+
     /// Takes the screen to another size, scale or direction while the pages stay.
     void setScreen(platform::CGSize, int scale);
 

@@ -1,0 +1,135 @@
+#include "Phone.h"
+
+#include "ErrorPage.h"
+#include "Installation.h"
+#include "Instant.h"
+#include "LoaderEntry.h"
+#include "platform/Device.h"
+#include "platform/UIScrollView.h"
+
+#include <QLocale>
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace host {
+
+using namespace platform;
+
+namespace {
+
+constexpr std::string_view toggleLibrary = "/Library/MobileSubstrate/DynamicLibraries/Flipswitch.dylib";
+constexpr std::string_view ownName = "Vekora";
+
+void setUpDevice(const PhoneOptions& options)
+{
+    auto& device = Device::current();
+    device.root = options.root;
+    device.screenSize = options.size;
+    device.scale = options.scale;
+    device.locale = options.locale;
+    device.timeZone = options.timeZone;
+    device.rightToLeft = QLocale(QString::fromStdString(options.locale)).textDirection() == Qt::RightToLeft;
+    device.standingClock = std::nullopt;
+    if (options.now) {
+        device.standingClock = instantFromText(*options.now, options.timeZone);
+        if (!device.standingClock)
+            throw std::runtime_error("\"" + *options.now + "\" is no instant in ISO 8601.");
+    }
+}
+
+}
+
+Phone::Phone(const PhoneOptions& options)
+    : _options(options)
+{
+    const Installation installation(options.root);
+    const auto sources = InstallationSources::ofThisBuild();
+    if (options.toggle)
+        installation.installToggle(sources);
+    else
+        installation.removeToggle();
+    if (options.statusBar)
+        installation.installStatusBarLibrary();
+    else
+        installation.removeStatusBarLibrary();
+
+    setUpDevice(options);
+    loadPlugIn(toggleLibrary);
+    _window = std::make_shared<UIWindow>(options.size);
+    _window->makeKey();
+    _navigation = std::make_unique<UINavigationController>(options.size);
+    _window->addSubview(_navigation->viewRef());
+}
+
+Phone::~Phone()
+{
+    // Pages go before the module that holds their code.
+    _navigation->setRoot(nullptr);
+    _navigation.reset();
+    _window.reset();
+}
+
+std::optional<std::string> Phone::openBundle()
+{
+    std::string error;
+    Ref<UIViewController> page;
+    std::string title;
+    try {
+        const Installation installation(_options.root);
+        std::string path;
+        if (_options.bundle.empty()) {
+            path = installation.installPane(InstallationSources::ofThisBuild());
+            if (const auto entry = loaderEntryNamed(ownName)) {
+                path = entry->bundlePath;
+                title = entry->label;
+            }
+        } else {
+            path = installation.installBundle(_options.bundle);
+        }
+        _bundle = NSBundle::loadBundleAtPath(path, error);
+        if (_bundle) {
+            const auto* principal = _bundle->principalClass();
+            page = principal->make<UIViewController>(_navigation->contentSize());
+            if (!page)
+                error = "The principal class " + principal->name() + " of " + path + " is no page.";
+        }
+    } catch (const std::runtime_error& failure) {
+        error = failure.what();
+    }
+    if (!page) {
+        _navigation->setRoot(std::make_shared<ErrorPage>(error));
+        return error;
+    }
+    _navigation->setRoot(page);
+    if (page->title().empty())
+        page->setTitle(title);
+    return std::nullopt;
+}
+
+void Phone::settle()
+{
+    _window->display();
+}
+
+void Phone::setScreen(CGSize size, int scale)
+{
+    auto& device = Device::current();
+    device.screenSize = size;
+    device.scale = scale;
+    _window->setFrame({ 0, 0, size.width, size.height });
+    _window->setScale(scale);
+    _navigation->setSize(size);
+}
+
+void Phone::scrollAt(CGPoint point, CGFloat dy)
+{
+    for (auto* view = _window->hitTestWithEvent(point, nullptr); view; view = view->superview()) {
+        if (auto* scroll = dynamic_cast<UIScrollView*>(view)) {
+            scroll->setContentOffset({ scroll->contentOffset().x, scroll->contentOffset().y + dy });
+            return;
+        }
+    }
+}
+
+}

@@ -1,0 +1,195 @@
+#include "PhoneView.h"
+
+#include "platform/Device.h"
+#include "platform/qt/TextEditor.h"
+#include "platform/UIAlertView.h"
+#include "platform/UIScrollView.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace host {
+
+using namespace platform;
+
+namespace {
+
+constexpr int frameInterval = 8; // Milliseconds between the steps of a glide.
+constexpr double pointsAWheelStep = 40;
+constexpr int smallestWidth = 320; // Points of the screen.
+constexpr int smallestHeight = 320;
+
+Ref<UIScrollView> scrollViewAt(UIWindow& window, CGPoint point)
+{
+    for (auto* view = window.hitTestWithEvent(point, nullptr); view; view = view->superview()) {
+        if (auto scroll = std::dynamic_pointer_cast<UIScrollView>(view->weak_from_this().lock()))
+            return scroll;
+    }
+    return nullptr;
+}
+
+}
+
+PhoneView::PhoneView(Phone& phone, QWidget* parent)
+    : QWidget(parent)
+    , _phone(phone)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setMinimumSize((QSizeF(smallestWidth, smallestHeight) * pixelsAPoint()).toSize());
+    _clock.start();
+    _refresh.setSingleShot(true);
+    _glide.setInterval(frameInterval);
+    connect(&_refresh, &QTimer::timeout, this, [this] { refresh(); });
+    connect(&_glide, &QTimer::timeout, this, [this] { glide(); });
+    _phone.window().setNeedsDisplayHandler([this] { _refresh.start(0); });
+    _phone.settle();
+}
+
+PhoneView::~PhoneView()
+{
+    _phone.window().setNeedsDisplayHandler({});
+}
+
+QSize PhoneView::sizeHint() const
+{
+    const auto size = Device::current().screenSize;
+    return (QSizeF(size.width, size.height) * pixelsAPoint()).toSize();
+}
+
+double PhoneView::pixelsAPoint() const
+{
+    return Device::current().scale / devicePixelRatioF();
+}
+
+CGPoint PhoneView::pointFor(QPointF position) const
+{
+    return { position.x() / pixelsAPoint(), position.y() / pixelsAPoint() };
+}
+
+void PhoneView::refresh()
+{
+    const auto ratio = devicePixelRatioF();
+    for (const auto& rect : _phone.window().display()) {
+        // Outward to whole logical pixels, which is what an update counts in.
+        const QRectF logical(rect.x / ratio, rect.y / ratio, rect.width / ratio, rect.height / ratio);
+        update(logical.toAlignedRect());
+    }
+}
+
+void PhoneView::glide()
+{
+    const auto now = static_cast<double>(_clock.nsecsElapsed()) / 1e9;
+    if (!_gliding || !_gliding->advance(now - _lastGlide)) {
+        _glide.stop();
+        _gliding.reset();
+    }
+    _lastGlide = now;
+}
+
+void PhoneView::paintEvent(QPaintEvent* event)
+{
+    const auto& picture = _phone.window().picture();
+    const auto ratio = devicePixelRatioF();
+    QImage image(reinterpret_cast<const uchar*>(picture.pixels.get()), picture.width, picture.height,
+        picture.width * 4, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    QPainter painter(this);
+    for (const auto& rect : event->region()) {
+        const QRectF source(rect.x() * ratio, rect.y() * ratio, rect.width() * ratio, rect.height() * ratio);
+        painter.drawImage(QRectF(rect), image, source);
+    }
+}
+
+void PhoneView::resizeEvent(QResizeEvent*)
+{
+    const auto pixels = pixelsAPoint();
+    _phone.setScreen({ std::floor(width() / pixels), std::floor(height() / pixels) },
+        static_cast<int>(Device::current().scale));
+    _phone.settle();
+    update();
+}
+
+void PhoneView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const auto point = pointFor(event->position());
+    _glide.stop();
+    _gliding = scrollViewAt(_phone.window(), point);
+    _phone.window().touchBegan(point, static_cast<double>(event->timestamp()) / 1e3);
+}
+
+void PhoneView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons() & Qt::LeftButton)
+        _phone.window().touchMoved(
+            pointFor(event->position()), static_cast<double>(event->timestamp()) / 1e3);
+}
+
+void PhoneView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    _phone.window().touchEnded(pointFor(event->position()), static_cast<double>(event->timestamp()) / 1e3);
+    if (_gliding && _gliding->isDecelerating()) {
+        _lastGlide = static_cast<double>(_clock.nsecsElapsed()) / 1e9;
+        _glide.start();
+    }
+}
+
+void PhoneView::wheelEvent(QWheelEvent* event)
+{
+    // Touchpads tell pixels, wheels eighths of a degree, 120 a step.
+    const auto dy = event->pixelDelta().isNull() ? event->angleDelta().y() / 120.0 * pointsAWheelStep
+                                                 : event->pixelDelta().y() / pixelsAPoint();
+    _glide.stop();
+    _phone.scrollAt(pointFor(event->position()), -dy);
+}
+
+void PhoneView::keyPressEvent(QKeyEvent* event)
+{
+    if (sendKeyToWindow(_phone.window(), *event))
+        return;
+    if (event->key() == Qt::Key_Escape && !UIAlertView::topmost()) {
+        if (auto* const field = _phone.window().firstResponder())
+            field->resignFirstResponder();
+        else
+            _phone.navigation().popViewController();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void PhoneView::inputMethodEvent(QInputMethodEvent* event)
+{
+    if (auto* const field = _phone.window().firstResponder())
+        field->editor().inputMethod(*event);
+    else
+        event->ignore();
+}
+
+QVariant PhoneView::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    auto* const field = _phone.window().firstResponder();
+    if (!field)
+        return query == Qt::ImEnabled ? QVariant(false) : QWidget::inputMethodQuery(query);
+    const auto answer = field->editor().inputMethodQuery(query);
+    if (answer.typeId() != QMetaType::QRectF && answer.typeId() != QMetaType::QRect)
+        return answer;
+    // Rectangles come in the field's points.
+    const auto inField = answer.toRectF();
+    const auto inWindow
+        = field->convertRectToView({ inField.x(), inField.y(), inField.width(), inField.height() }, nullptr);
+    const auto pixels = pixelsAPoint();
+    return QRectF(
+        inWindow.x * pixels, inWindow.y * pixels, inWindow.width * pixels, inWindow.height * pixels);
+}
+
+}

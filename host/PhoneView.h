@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Phone.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWidget>
+
+namespace platform {
+class UIScrollView;
+}
+
+namespace host {
+
+/// Shows a phone's window pixel for pixel, and hands it the mouse as a finger, the wheel, keys and input
+/// methods. Only what changed is drawn, and nothing runs while nothing happens. Resizing it resizes the
+/// phone's screen.
+class PhoneView final : public QWidget {
+public:
+    /// The phone must live as long as the view.
+    explicit PhoneView(Phone&, QWidget* parent = nullptr);
+    ~PhoneView() override;
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+    void wheelEvent(QWheelEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+    void inputMethodEvent(QInputMethodEvent*) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery) const override;
+    bool focusNextPrevChild(bool) override { return false; } // Tab is a key of the phone's.
+
+private:
+    void refresh();
+    void glide();
+    /// Logical pixels of this widget a point.
+    double pixelsAPoint() const;
+    platform::CGPoint pointFor(QPointF) const;
+
+    Phone& _phone;
+    QTimer _refresh, _glide;
+    QElapsedTimer _clock;
+    double _lastGlide = 0; ///< Seconds on the clock.
+    platform::Ref<platform::UIScrollView> _gliding;
+};
+
+}

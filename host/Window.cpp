@@ -1,0 +1,154 @@
+#include "Window.h"
+
+#include "PhoneView.h"
+#include "Pictures.h"
+#include "platform/FSSwitchPanel.h"
+#include "platform/Journal.h"
+#include "platform/qt/NotifyCenter.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScreen>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+
+namespace host {
+
+using namespace platform;
+
+namespace {
+
+constexpr const char* pictureFolder = "pictures"; // Below the folder that the program is started in.
+constexpr const char* toggleIdentifier = "net.morvane.vekorafs";
+
+bool hasDisplay()
+{
+    const auto isSet = [](const char* name) {
+        const auto* const value = std::getenv(name);
+        return value && *value;
+    };
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
+}
+
+QString toggleText()
+{
+    const auto* const panelClass = NSClassFromString("FSSwitchPanel");
+    const auto shared = panelClass ? panelClass->performSelector("sharedPanel") : Argument();
+    const auto* const panel = std::get_if<NSObject*>(&shared);
+    if (!panel || !*panel)
+        return {};
+    const auto answer
+        = (*panel)->performSelector("stateForSwitchIdentifier:", { PropertyValue(toggleIdentifier) });
+    const auto* const state = std::get_if<PropertyValue>(&answer);
+    return state && state->boolValue() ? QStringLiteral("Companion toggle: on")
+                                       : QStringLiteral("Companion toggle: off");
+}
+
+QString textFor(const JournalEntry& entry)
+{
+    const auto name = QString::fromStdString(entry.name);
+    switch (entry.kind) {
+    case JournalEntry::Kind::Write:
+        return (entry.succeeded ? QStringLiteral("Wrote %1") : QStringLiteral("Could not write %1"))
+            .arg(name.section(QLatin1Char('/'), -1));
+    case JournalEntry::Kind::Notification:
+        return QStringLiteral("Posted %1").arg(name);
+    case JournalEntry::Kind::Toggle:
+        return QStringLiteral("Set toggle %1")
+            .arg(entry.state ? QStringLiteral("on") : QStringLiteral("off"));
+    case JournalEntry::Kind::Touch:
+    case JournalEntry::Kind::Action:
+    case JournalEntry::Kind::Paint:
+        break;
+    }
+    return {};
+}
+
+/// The phone, and below it one line: what it told the rest of the system last, and the companion toggle's
+/// state.
+class MainWindow final : public QWidget {
+public:
+    explicit MainWindow(Phone& phone)
+        : _view(new PhoneView(phone, this))
+        , _last(new QLabel(this))
+        , _toggle(new QLabel(this))
+    {
+        auto* const line = new QHBoxLayout;
+        line->setContentsMargins(12, 6, 12, 6);
+        line->addWidget(_last, 1);
+        line->addWidget(_toggle);
+        auto* const column = new QVBoxLayout(this);
+        column->setContentsMargins(0, 0, 0, 0);
+        column->setSpacing(0);
+        column->addWidget(_view, 1);
+        column->addLayout(line);
+        _last->setMinimumWidth(0);
+        _last->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        _last->setText(QStringLiteral("Nothing written or posted yet"));
+        _toggle->setText(toggleText());
+        _view->setFocus();
+        _listener = Journal::shared().listen([this](const JournalEntry& entry) {
+            if (const auto text = textFor(entry); !text.isEmpty())
+                _last->setText(text);
+            if (entry.kind == JournalEntry::Kind::Toggle)
+                _toggle->setText(toggleText());
+        });
+    }
+    ~MainWindow() override { Journal::shared().stop(_listener); }
+
+private:
+    PhoneView* _view;
+    QLabel* _last;
+    QLabel* _toggle;
+    int _listener = 0;
+};
+
+void noteMissingBus()
+{
+    if (!sessionBusIsAvailable())
+        std::fputs(
+            "There is no session bus: notifications are shown here, but nobody else hears them.\n", stderr);
+}
+
+int writePictures(Phone& phone)
+{
+    const auto folder = std::filesystem::current_path() / pictureFolder;
+    const auto files = writePicturesOfEveryPage(phone, folder);
+    std::printf("There is no display. Pictures of %zu pages are in %s:\n", files.size(), folder.c_str());
+    for (const auto& file : files)
+        std::printf("  %s\n", file.filename().c_str());
+    return 0;
+}
+
+}
+
+int runWindow(int argc, char** argv, const PhoneOptions& options)
+{
+    const auto onScreen = hasDisplay();
+    if (!onScreen)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("Settings"));
+
+    Phone phone(options);
+    const auto error = phone.openBundle();
+    if (error)
+        std::fprintf(stderr, "%s\n", error->c_str());
+    if (!onScreen)
+        return writePictures(phone);
+
+    MainWindow window(phone);
+    window.setWindowTitle(QStringLiteral("Vekora"));
+    window.show();
+    QTimer::singleShot(0, &window, noteMissingBus);
+    const auto status = QApplication::exec();
+    flushNotifications();
+    return status;
+}
+
+}
