@@ -14,6 +14,7 @@ public:
     void setSelectedSegmentIndex(long); ///< Sends no event; out of range selects none.
     long numberOfSegments() const { return static_cast<long>(_labels.size()); }
     void setEnabled(bool) override;
+    CGSize sizeThatFits(CGSize) const override; ///< As wide as its titles need, 29 points high.
     void layoutSubviews() override;
 
 protected:
