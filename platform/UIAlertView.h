@@ -19,8 +19,9 @@ public:
 
 enum class UIAlertViewStyle { Default = 0, SecureTextInput = 1, PlainTextInput = 2 };
 
-/// A question above a dimmed page. Lives, once shown, until one of its buttons is tapped; alerts shown
-/// meanwhile lie on top of it.
+/// A question above a dimmed page: the view covers the whole key window, and in it lies a box. Lives, once
+/// shown, until one of its buttons is tapped; an alert shown meanwhile takes its place, and it returns
+/// afterwards.
 class UIAlertView final : public UIView {
 public:
     struct Settings {
@@ -46,10 +47,19 @@ public:
     long numberOfButtons() const;
     std::string buttonTitleAtIndex(long) const; ///< Empty beyond the last.
 
+    /// Ends the editing of whatever field has the keys; an alert with a field takes them for it. Does nothing
+    /// without a key window.
     void show();
-    bool isVisible() const;
+    bool isVisible() const; ///< Shown and not answered, even while another covers it.
 
-    /// Forgets the delegate in every alert shown: for a delegate's destructor.
+    /// The one that can be answered in the key window; null when none is shown.
+    static UIAlertView* topmost();
+    /// As a tap on the last button, which stands out. Nothing happens without buttons.
+    void pressDefaultButton();
+    /// As a tap on the button of index 0.
+    void pressCancelButton();
+
+    /// Forgets the delegate in every alert: for a delegate's destructor.
     static void delegateIsGone(const UIAlertViewDelegate*);
 
     void layoutSubviews() override;
@@ -60,6 +70,8 @@ public:
 private:
     struct AlertImpl;
     AlertImpl& alert() const;
+    void press(long buttonIndex);
+    void takeKeys();
 };
 
 }

@@ -52,7 +52,6 @@ public:
     void didMoveToWindow() override;
     void touchesBeganWithEvent(UIEvent&) override;
     void touchesMovedWithEvent(UIEvent&) override;
-    void touchesEndedWithEvent(UIEvent&) override;
 
     /// The desktop's editor behind the field, for the host that hands it keys; see qt/TextEditor.h.
     struct Editor;
