@@ -156,6 +156,18 @@ template <> struct FromArgument<long> {
         return FromArgument<PropertyValue>::convert(argument).intValue();
     }
 };
+template <> struct FromArgument<std::int32_t> {
+    static std::int32_t convert(const Argument& argument)
+    {
+        return FromArgument<PropertyValue>::convert(argument).intValue();
+    }
+};
+template <> struct FromArgument<float> {
+    static float convert(const Argument& argument)
+    {
+        return FromArgument<PropertyValue>::convert(argument).floatValue();
+    }
+};
 template <> struct FromArgument<bool> {
     static bool convert(const Argument& argument)
     {
