@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Phone.h"
+
+#include <span>
+#include <string>
+#include <variant>
+
+namespace host {
+
+/// What the command line asks for.
+struct Options {
+    enum class Mode { Window, Drive, Observe, Help, Version };
+
+    Mode mode = Mode::Window;
+    /// With `root`, `locale` and `timeZone` filled in; `now` is known to be an instant of `Instant.h`.
+    PhoneOptions phone;
+    bool keepGoing = false; ///< Of `drive`: go on after a command that failed.
+    std::string script = "-"; ///< Of `drive`: a file, or "-" for standard input.
+};
+
+/// The words after the program's name as options, or one sentence that says what is wrong with them. Numbers,
+/// zones, locales and instants are checked; whether files are there is not. The last of an option that is
+/// given twice counts.
+std::variant<Options, std::string> parseOptions(std::span<const std::string> words);
+
+/// What `--help` prints.
+std::string helpText();
+
+}
