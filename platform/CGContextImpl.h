@@ -52,11 +52,12 @@ public:
     int height() const;
 
     /// For the layer's own views: pixels drawn by hand, on top of what is recorded so far.
+    /// Stays valid until something else is drawn. Empty when the contents are too large for memory.
     Bitmap& bitmap();
 
     /// True when anything was drawn, visible or not.
     bool hasDrawn() const;
-    /// What was drawn; null when nothing was.
+    /// What was drawn, taken out of the context; null when nothing was.
     std::shared_ptr<const LayerContents> finish();
 
     struct Impl;
