@@ -1,0 +1,63 @@
+#include "FileCalls.h"
+
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace platform {
+
+FileCalls& FileCalls::current()
+{
+    static FileCalls calls {
+        .openAt = [](int folder, const char* name, int flags,
+                      mode_t mode) { return ::openat(folder, name, flags, mode); },
+        .status = ::fstat,
+        .statusAt = ::fstatat,
+        .readLinkAt = ::readlinkat,
+        .read = ::read,
+        .write = ::write,
+        .changeMode = ::fchmod,
+        .lock = ::flock,
+        .sync = ::fsync,
+        .rename = ::renameat2,
+        .linkSymbolically = ::symlinkat,
+        .unlinkAt = ::unlinkat,
+        .close = ::close,
+    };
+    return calls;
+}
+
+FileDescriptor& FileDescriptor::operator=(FileDescriptor&& other) noexcept
+{
+    std::swap(_number, other._number);
+    return *this;
+}
+
+FileDescriptor::~FileDescriptor()
+{
+    if (_number < 0)
+        return;
+    const int reason = errno; // Closing is tidying up; what is being reported came before it.
+    FileCalls::current().close(_number);
+    errno = reason;
+}
+
+FileDescriptor openIn(const FileDescriptor& folder, const char* name, int flags, mode_t mode)
+{
+    return FileDescriptor(uninterrupted(
+        FileCalls::current().openAt, folder.number(), name, flags | O_NOFOLLOW | O_CLOEXEC, mode));
+}
+
+bool statusOf(const FileDescriptor& file, struct stat& status)
+{
+    return uninterrupted(FileCalls::current().status, file.number(), &status) == 0;
+}
+
+bool statusIn(const FileDescriptor& folder, const char* name, struct stat& status)
+{
+    return uninterrupted(FileCalls::current().statusAt, folder.number(), name, &status, AT_SYMLINK_NOFOLLOW)
+        == 0;
+}
+
+}
