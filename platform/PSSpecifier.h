@@ -27,6 +27,10 @@ enum class PSCellType {
     Spinner = 15,
 };
 
+/// How a value reads in a row: strings as they are, whole numbers without and others with up to two decimals.
+/// Empty for what has no text of its own.
+std::string textOfPropertyValue(const PropertyValue&);
+
 /// One row of a page: its name, its kind, whom to ask for its value, and a bag of properties that a
 /// resource's keys and code share.
 class PSSpecifier : public NSObject {
@@ -53,7 +57,8 @@ public:
     std::string identifier() const;
 
     PSCellType cellType() const { return _cellType; }
-    NSObject* target() const { return _target; } ///< Not kept alive: the page that holds the row.
+    /// The page that holds the row. Not kept alive; null once it has gone.
+    NSObject* target() const;
     const Class* detailControllerClass() const { return _detail; }
     void setDetailControllerClass(const Class* detail) { _detail = detail; }
 
@@ -64,7 +69,8 @@ public:
     /// The row's "enabled" property; a row without one is enabled.
     bool isEnabled() const;
 
-    /// Value and title pairs of a list of choices, by position.
+    /// Value and title pairs of a list of choices, by position. A value without a title of its own is titled
+    /// by its text.
     const std::vector<PropertyValue>& values() const { return _values; }
     const std::vector<std::string>& titles() const { return _titles; }
     void setValuesTitles(std::vector<PropertyValue> values, std::vector<std::string> titles);
@@ -75,10 +81,14 @@ public:
     std::optional<PropertyValue> performGetter();
     /// Hands the target a new value through the row's setter.
     void performSetterWithValue(const PropertyValue&);
+    /// Sends the action to the target, with the specifier for a method that takes one.
+    void performAction();
 
 private:
     std::string _name;
     NSObject* _target;
+    std::weak_ptr<NSObject> _ownedTarget;
+    bool _targetHasOwner;
     std::string _set;
     std::string _get;
     std::string _action;

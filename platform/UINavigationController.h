@@ -17,6 +17,7 @@ public:
     static constexpr CGFloat barHeight = 44;
 
     explicit UINavigationController(CGSize);
+    /// Ends the editing of a text field on the top page, as going back does.
     ~UINavigationController() override;
 
     UIView& view() { return *_view; }
@@ -32,7 +33,8 @@ public:
     UIViewController* topViewController() const { return _pages.empty() ? nullptr : _pages.back().get(); }
 
     void setSize(CGSize);
-    void titleDidChange(); ///< Of the top page.
+    /// Of a page: the bar shows it when it is the top page's or the one's before.
+    void titleDidChange();
 
     /// The button in the bar; hidden on the first page.
     UIButton& backButton() { return *_backButton; }
@@ -41,13 +43,20 @@ public:
     void _goBack();
 
 private:
-    void show(bool appearing);
-    void layout();
+    class StackView;
 
+    void show(UIViewController&, bool animated);
+    void hide(UIViewController&, bool animated);
+    void layout();
+    void layoutTitles();
+
+    Ref<StackView> _stackView;
     Ref<UIView> _view, _bar, _hairline, _container;
     Ref<UILabel> _title;
     Ref<UIButton> _backButton;
     std::vector<Ref<UIViewController>> _pages;
+    /// Pages that were left while one of their own callbacks may still be running; let go at the next layout.
+    std::vector<Ref<UIViewController>> _leftPages;
 };
 
 }

@@ -30,6 +30,10 @@ public:
 protected:
     UIScrollView(CGRect frame, std::unique_ptr<Impl>);
     struct ScrollImpl;
+
+private:
+    ScrollImpl& scroll() const;
+    void scrollTo(CGPoint);
 };
 
 }
