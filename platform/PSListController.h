@@ -26,13 +26,16 @@ public:
     /// The first of the built rows with this identifier, or null. Works while `specifiers` is still building.
     PSSpecifier* specifierForID(std::string_view identifier) const;
 
-    /// Asks for the cells again and refreshes them; the rows stay the same.
+    /// Asks for the cells again and refreshes them; the rows stay the same. Does nothing before the page is
+    /// loaded.
     void reload();
     /// Drops the rows and asks `specifiers` for new ones.
     void reloadSpecifiers();
     void reloadSpecifier(PSSpecifier*);
 
-    /// By default through the row's "defaults" file, and posts the row's "PostNotification".
+    /// By default through the file "/var/mobile/Library/Preferences/DEFAULTS.plist", where DEFAULTS is the row's
+    /// "defaults"; a value that is not there is the row's "default". The setter also posts the row's
+    /// "PostNotification".
     virtual void setPreferenceValueSpecifier(std::optional<PropertyValue>, PSSpecifier*);
     virtual std::optional<PropertyValue> readPreferenceValue(PSSpecifier*);
 
@@ -41,6 +44,13 @@ public:
     void setSpecifier(Ref<PSSpecifier> specifier) { _specifier = std::move(specifier); }
     PSListController* parentController() const { return _parentController; }
     void setParentController(PSListController* parent) { _parentController = parent; }
+
+    /// The stack that the page was opened on; set, like the two before, after the initialiser has returned.
+    UINavigationController* rootController() const { return _rootController; }
+    void setRootController(UINavigationController* root) { _rootController = root; }
+
+    /// The "id" of the resource that the rows were loaded from; empty without one.
+    const std::string& identifier() const { return _identifier; }
 
     CGSize contentSize() const { return _contentSize; }
     UITableView& table();
@@ -67,11 +77,16 @@ protected:
     std::optional<Specifiers> _specifiers;
 
 private:
+    struct Place;
+    Place placeOf(long section) const;
     void open(PSSpecifier&);
 
     CGSize _contentSize;
+    std::string _identifier;
     Ref<PSSpecifier> _specifier;
     PSListController* _parentController = nullptr;
+    UINavigationController* _rootController = nullptr;
+    bool _hasAppeared = false;
     Ref<UITableView> _table;
     std::unordered_map<const PSSpecifier*, Ref<PSTableCell>> _cells;
 };

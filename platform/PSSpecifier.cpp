@@ -43,18 +43,11 @@ PSSpecifier::PSSpecifier(std::string name, NSObject* target, std::string set, st
     const Class* detail, PSCellType cell)
     : _name(std::move(name))
     , _target(target)
-    , _ownedTarget(target ? target->weak_from_this() : std::weak_ptr<NSObject>())
-    , _targetHasOwner(!_ownedTarget.expired())
     , _set(std::move(set))
     , _get(std::move(get))
     , _detail(detail)
     , _cellType(cell)
 {
-}
-
-NSObject* PSSpecifier::target() const
-{
-    return _targetHasOwner && _ownedTarget.expired() ? nullptr : _target;
 }
 
 const PropertyValue* PSSpecifier::propertyForKey(std::string_view key) const
@@ -111,32 +104,29 @@ const std::string* PSSpecifier::titleForValue(const PropertyValue& value) const
 // Row and target stay alive for the length of a message: what it does may take either off the screen.
 std::optional<PropertyValue> PSSpecifier::performGetter()
 {
-    const auto keep = weak_from_this().lock();
-    const auto keepTarget = _ownedTarget.lock();
-    auto* receiver = target();
-    if (!receiver || _get.empty())
-        return std::nullopt;
-    const Argument result = receiver->performSelector(_get, { this });
-    const auto* value = std::get_if<PropertyValue>(&result);
-    return value ? std::optional(*value) : std::nullopt;
+    const auto value = send(_get, { this });
+    const auto* result = std::get_if<PropertyValue>(&value);
+    return result ? std::optional(*result) : std::nullopt;
 }
 
 void PSSpecifier::performSetterWithValue(const PropertyValue& value)
 {
-    const auto keep = weak_from_this().lock();
-    const auto keepTarget = _ownedTarget.lock();
-    auto* receiver = target();
-    if (receiver && !_set.empty())
-        receiver->performSelector(_set, { value, this });
+    send(_set, { value, this });
 }
 
 void PSSpecifier::performAction()
 {
+    send(_action, { this });
+}
+
+Argument PSSpecifier::send(const std::string& selector, std::initializer_list<Argument> arguments)
+{
+    auto* const receiver = target();
+    if (!receiver || selector.empty())
+        return {};
     const auto keep = weak_from_this().lock();
-    const auto keepTarget = _ownedTarget.lock();
-    auto* receiver = target();
-    if (receiver && !_action.empty())
-        receiver->performSelector(_action, { this });
+    const auto keepReceiver = receiver->weak_from_this().lock();
+    return receiver->performSelector(selector, arguments);
 }
 
 }

@@ -58,7 +58,7 @@ public:
 
     PSCellType cellType() const { return _cellType; }
     /// The page that holds the row. Not kept alive; null once it has gone.
-    NSObject* target() const;
+    NSObject* target() const { return _target.get(); }
     const Class* detailControllerClass() const { return _detail; }
     void setDetailControllerClass(const Class* detail) { _detail = detail; }
 
@@ -85,10 +85,10 @@ public:
     void performAction();
 
 private:
+    Argument send(const std::string& selector, std::initializer_list<Argument>);
+
     std::string _name;
-    NSObject* _target;
-    std::weak_ptr<NSObject> _ownedTarget;
-    bool _targetHasOwner;
+    WeakObject _target;
     std::string _set;
     std::string _get;
     std::string _action;

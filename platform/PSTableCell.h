@@ -19,11 +19,20 @@ public:
     /// Shows the specifier's present name, value and state.
     virtual void refreshCellContentsWithSpecifier(PSSpecifier&);
 
+    /// The cell of a row: of the class that its "cellClass" names, else of the kind's own; a class that is
+    /// unknown or no cell leaves the kind's own.
+    static Ref<PSTableCell> cellForSpecifier(const Ref<PSSpecifier>&);
+
     /// The row was tapped.
     virtual void cellWasTapped() { }
     /// The control that a tap on the row is meant for (a switch, a text field); null when the row itself
     /// takes it.
     virtual UIView* control() const { return nullptr; }
+
+protected:
+    /// For rows whose control fills what the title leaves: the title takes its own width, but no more than
+    /// this part of the room, and the control the rest.
+    void layoutControlBesideTitle(UIView& control, Room, CGFloat longestTitle, CGFloat controlHeight);
 
 private:
     Ref<PSSpecifier> _specifier;

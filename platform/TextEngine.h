@@ -6,6 +6,7 @@
 #include "UIFont.h"
 #include "UILabel.h"
 
+#include <string>
 #include <string_view>
 
 namespace platform {
@@ -22,6 +23,9 @@ CGSize measureText(std::string_view utf8, const TextStyle&, CGFloat width);
 
 /// Height of one line in points, not rounded.
 CGFloat lineHeight(const UIFont&);
+
+/// In capitals, by the rules of the device's language.
+std::string capitals(std::string_view utf8);
 
 /// Draws into `target`, which is `rect.size()` at `scale` pixels a point; lines stand in its vertical middle,
 /// and what does not fit ends in an ellipsis.

@@ -23,12 +23,23 @@ public:
 };
 
 /// Rows in groups with headers and footers, one below the other, scrolling.
+///
+/// A page of the usual length has all its cells from the start; a very long one makes them as they come near
+/// the screen or are asked for. Cells are not clipped, and the table scrolls far enough to read what reaches
+/// beyond the last.
 class UITableView final : public UIScrollView {
 public:
     UITableView(CGRect frame, UITableViewDataSource&);
+    ~UITableView() override;
 
-    /// Asks for everything anew; the scroll position is kept as far as there are rows.
+    /// For a source that goes before the table does: null leaves an empty table.
+    void setDataSource(UITableViewDataSource*);
+
+    /// Asks for everything anew; the scroll position is kept as far as there are rows. Cells are asked for at
+    /// the next layout, or when one is looked at. A call from within a call to the source does nothing.
     void reloadData();
+    /// Asks for the cell of one row again.
+    void reloadRowAtIndexPath(NSIndexPath);
     /// Null when there is no such row.
     UITableViewCell* cellForRowAtIndexPath(NSIndexPath) const;
     std::optional<NSIndexPath> indexPathForCell(const UITableViewCell*) const;
@@ -44,9 +55,18 @@ public:
     void touchesCancelledWithEvent(UIEvent&) override;
 
 private:
+    struct Row;
     struct Section;
     struct TableImpl;
     TableImpl& tableImpl() const;
+    Row* rowAt(NSIndexPath) const;
+    void askForRows();
+    UITableViewCell* makeCell(NSIndexPath);
+    void makeCells();
+    void dropOldCells();
+    void placeSections();
+    void placeDecorations(Section&);
+    void setSelectedRow(std::optional<NSIndexPath>);
 };
 
 }
