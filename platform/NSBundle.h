@@ -2,6 +2,7 @@
 
 #include "Runtime.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -10,8 +11,10 @@ namespace platform {
 /// A folder below the device's root with an Info.plist, a loadable module and resources.
 class NSBundle {
 public:
-    /// Reads Info.plist and loads the module, once for each folder. On failure `error` holds one sentence
-    /// with the true reason (no such file, no Info.plist, no such principal class, unresolved symbol NAME).
+    /// Reads Info.plist and loads the module, once for each folder while somebody holds the bundle; the last
+    /// one to let go of it unloads the module, so objects of its classes have to go before. On failure
+    /// `error` holds one sentence with the true reason (no such file, no Info.plist, no such principal class,
+    /// unresolved symbol NAME).
     static std::shared_ptr<NSBundle> loadBundleAtPath(std::string_view devicePath, std::string& error);
 
     const std::string& path() const { return _path; } ///< The device's.
@@ -21,6 +24,9 @@ public:
 
     ~NSBundle();
 
+    NSBundle(const NSBundle&) = delete;
+    NSBundle& operator=(const NSBundle&) = delete;
+
 private:
     NSBundle() = default;
 
@@ -29,5 +35,10 @@ private:
     const Class* _principalClass = nullptr;
     void* _module = nullptr;
 };
+
+/// Loads a library for the classes that it registers, for as long as the process runs. What was loaded from
+/// the same path before, below another root or in an earlier state, is let go first. False when there is none
+/// or it cannot be loaded; then its classes are simply not there.
+bool loadPlugIn(std::string_view devicePath);
 
 }

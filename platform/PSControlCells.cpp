@@ -260,8 +260,7 @@ void PSEditableTableCell::layoutSubviews()
 {
     UITableViewCell::layoutSubviews();
     layoutControlBesideTitle(*_field, layoutEnds(), longestTitleBesideField, bounds().height);
-    _field->setTextAlignment(
-        Device::current().rightToLeft ? NSTextAlignment::Right : NSTextAlignment::Left);
+    _field->setTextAlignment(Device::current().rightToLeft ? NSTextAlignment::Right : NSTextAlignment::Left);
 }
 
 void PSEditableTableCell::_editingBegan()

@@ -203,8 +203,7 @@ void PSListController::setPreferenceValueSpecifier(std::optional<PropertyValue> 
     const auto key = textProperty(*specifier, "key");
     if (!domain.empty() && !key.empty()) {
         const auto path = pathOfDefaults(domain);
-        auto stored
-            = NSMutableDictionary::dictionaryWithContentsOfFile(path).value_or(NSMutableDictionary());
+        auto stored = NSMutableDictionary::dictionaryWithContentsOfFile(path).value_or(NSMutableDictionary());
         stored.setValueForKey(std::move(value), key);
         static_cast<void>(stored.writeToFileAtomically(path, true));
     }

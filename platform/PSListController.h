@@ -33,8 +33,8 @@ public:
     void reloadSpecifiers();
     void reloadSpecifier(PSSpecifier*);
 
-    /// By default through the file "/var/mobile/Library/Preferences/DEFAULTS.plist", where DEFAULTS is the row's
-    /// "defaults"; a value that is not there is the row's "default". The setter also posts the row's
+    /// By default through the file "/var/mobile/Library/Preferences/DEFAULTS.plist", where DEFAULTS is the
+    /// row's "defaults"; a value that is not there is the row's "default". The setter also posts the row's
     /// "PostNotification".
     virtual void setPreferenceValueSpecifier(std::optional<PropertyValue>, PSSpecifier*);
     virtual std::optional<PropertyValue> readPreferenceValue(PSSpecifier*);

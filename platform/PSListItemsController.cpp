@@ -30,8 +30,7 @@ Ref<UITableViewCell> PSListItemsController::tableViewCellForRowAtIndexPath(
     const auto row = static_cast<std::size_t>(path.row);
     const auto present = specifier()->performGetter();
     const bool chosen = present && row < values.size() && values[row].isEqual(*present);
-    cell->setAccessoryType(
-        chosen ? UITableViewCellAccessory::Checkmark : UITableViewCellAccessory::None);
+    cell->setAccessoryType(chosen ? UITableViewCellAccessory::Checkmark : UITableViewCellAccessory::None);
     return cell;
 }
 

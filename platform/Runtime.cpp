@@ -10,6 +10,7 @@ namespace platform {
 namespace {
 
 // Modules register while they are loaded, before or after anything else in the process has been set up.
+// Of two with one name, the one that came last counts.
 std::vector<Class*>& classes()
 {
     static auto* const all = new std::vector<Class*>;
@@ -54,8 +55,8 @@ const Class* Class::ofObject(const NSObject& object)
 {
     const std::type_index type = typeid(object);
     const auto found
-        = std::find_if(classes().begin(), classes().end(), [&](auto* c) { return c->_type == type; });
-    return found == classes().end() ? nullptr : *found;
+        = std::find_if(classes().rbegin(), classes().rend(), [&](auto* c) { return c->_type == type; });
+    return found == classes().rend() ? nullptr : *found;
 }
 
 std::string NSObject::className() const
@@ -103,8 +104,8 @@ Argument Class::performSelector(std::string_view selector, std::initializer_list
 const Class* NSClassFromString(std::string_view name)
 {
     const auto found
-        = std::find_if(classes().begin(), classes().end(), [&](auto* c) { return c->name() == name; });
-    return found == classes().end() ? nullptr : *found;
+        = std::find_if(classes().rbegin(), classes().rend(), [&](auto* c) { return c->name() == name; });
+    return found == classes().rend() ? nullptr : *found;
 }
 
 void Class::setBundlePathOfNewClasses(std::string path)

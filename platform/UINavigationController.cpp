@@ -18,9 +18,8 @@ constexpr CGFloat titleGap = 8; ///< Around the back button's text and beside th
 /// A page before with a longer title than this part of the bar is called "Back".
 constexpr CGFloat longestBackTitle = 0.45;
 
-const auto registration
-    = registerClass<UINavigationController>("UINavigationController")
-          .method("_goBack", &UINavigationController::_goBack);
+const auto registration = registerClass<UINavigationController>("UINavigationController")
+                              .method("_goBack", &UINavigationController::_goBack);
 
 CGRect mirroredIn(CGFloat width, CGRect rect)
 {
