@@ -43,7 +43,7 @@ QTextOption optionFor(bool wraps)
 
 QSizeF layOut(QTextLayout& layout, double lineWidth, long mostLines, double lineHeight)
 {
-    QSizeF size;
+    QSizeF size(0, 0); // A default one is invalid: -1 by -1.
     layout.beginLayout();
     for (long count = 0; mostLines <= 0 || count < mostLines; ++count) {
         auto line = layout.createLine();
