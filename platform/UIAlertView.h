@@ -26,7 +26,7 @@ class UIAlertView final : public UIView {
 public:
     struct Settings {
         std::optional<std::string> title = std::nullopt;
-        std::string message;
+        std::string message = {};
         UIAlertViewDelegate* delegate = nullptr; ///< Not kept alive: its owner calls `delegateIsGone`.
         std::optional<std::string> cancelButtonTitle = std::nullopt; ///< Index 0 when there is one.
         std::vector<std::string> otherButtonTitles = {};

@@ -1,0 +1,407 @@
+#include "ControlTestSupport.h"
+#include "platform/qt/TextEditor.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+using namespace platform;
+
+namespace {
+
+class TextEditorTest : public ControlTest {
+protected:
+    Ref<UITextField> field = add(std::make_shared<UITextField>(), { 20, 20, 200, 30 });
+    UITextField::Editor& editor = field->editor();
+
+    TextEditorTest()
+    {
+        log->listenTo(*field);
+        field->becomeFirstResponder();
+        log->actions.clear();
+    }
+
+    bool press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {})
+    {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        return sendKeyToWindow(*window, event);
+    }
+    bool press(const char* text) { return press(0, Qt::NoModifier, QString::fromUtf8(text)); }
+    bool commit(const char* text)
+    {
+        QInputMethodEvent event;
+        event.setCommitString(QString::fromUtf8(text));
+        return editor.inputMethod(event);
+    }
+    void compose(const char* text)
+    {
+        QInputMethodEvent event(QString::fromUtf8(text), {});
+        editor.inputMethod(event);
+    }
+    CGFloat caretX() const { return 20 + editor.caretRect().midX(); }
+};
+
+TEST_F(TextEditorTest, TypesAtTheCaretAndTellsOfEachCharacter)
+{
+    EXPECT_TRUE(editor.typeText("Wecker ä😀"));
+    EXPECT_EQ(field->text(), "Wecker ä😀");
+    EXPECT_EQ(log->count("edited"), 9);
+}
+
+TEST_F(TextEditorTest, TakesKeysFromItsWindow)
+{
+    EXPECT_TRUE(press("a"));
+    EXPECT_TRUE(press("€"));
+    EXPECT_TRUE(press(" "));
+    EXPECT_EQ(field->text(), "a€ ");
+    EXPECT_EQ(log->count("edited"), 3);
+}
+
+TEST_F(TextEditorTest, TakesNothingWhileItsFieldHasNoKeys)
+{
+    field->resignFirstResponder();
+    log->actions.clear();
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+    EXPECT_FALSE(editor.typeText("a"));
+    EXPECT_FALSE(editor.keyPress(event));
+    EXPECT_FALSE(editor.paste("a"));
+    EXPECT_FALSE(editor.clear());
+    EXPECT_FALSE(editor.key("Backspace"));
+    EXPECT_FALSE(commit("a"));
+    EXPECT_FALSE(press("a"));
+    EXPECT_EQ(field->text(), "");
+    EXPECT_TRUE(log->actions.empty());
+}
+
+TEST_F(TextEditorTest, TypesAllOrNothingOfATextThatTheKeyboardLacks)
+{
+    field->setKeyboardType(UIKeyboardType::NumberPad);
+    EXPECT_FALSE(editor.typeText("12a"));
+    EXPECT_FALSE(editor.typeText("-1"));
+    EXPECT_FALSE(editor.typeText("\xFF"));
+    EXPECT_EQ(field->text(), "");
+    EXPECT_TRUE(log->actions.empty());
+    EXPECT_TRUE(editor.typeText("12"));
+    EXPECT_EQ(field->text(), "12");
+}
+
+TEST_F(TextEditorTest, RefusesKeysThatTheKeyboardLacks)
+{
+    field->setKeyboardType(UIKeyboardType::NumberPad);
+    EXPECT_FALSE(press("a"));
+    EXPECT_FALSE(press("-"));
+    EXPECT_FALSE(press(" "));
+    EXPECT_TRUE(press("7"));
+    EXPECT_EQ(field->text(), "7");
+}
+
+TEST_F(TextEditorTest, CommitsOfAnInputMethodCountAsTyped)
+{
+    EXPECT_TRUE(commit("漢字"));
+    EXPECT_EQ(field->text(), "漢字");
+    EXPECT_EQ(log->count("edited"), 1);
+    field->setText("");
+    field->setKeyboardType(UIKeyboardType::NumberPad);
+    EXPECT_FALSE(commit("漢"));
+    EXPECT_FALSE(commit("1a"));
+    EXPECT_TRUE(commit("12"));
+    EXPECT_EQ(field->text(), "12");
+}
+
+TEST_F(TextEditorTest, ShowsACompositionWithoutTakingItForText)
+{
+    EXPECT_TRUE(editor.typeText("ab"));
+    const auto before = editor.caretRect();
+    compose("kan");
+    EXPECT_EQ(field->text(), "ab");
+    EXPECT_GT(editor.caretRect().x, before.x);
+    EXPECT_EQ(log->count("edited"), 2);
+    EXPECT_TRUE(commit("漢"));
+    EXPECT_EQ(field->text(), "ab漢");
+    EXPECT_EQ(log->count("edited"), 3);
+}
+
+TEST_F(TextEditorTest, CommitsACompositionWhenTheEditingEnds)
+{
+    compose("kan");
+    field->resignFirstResponder();
+    EXPECT_EQ(field->text(), "kan");
+    EXPECT_EQ(log->actions, (std::vector<std::string> { "edited", "editingEnded" }));
+}
+
+TEST_F(TextEditorTest, AnswersInputMethodsInTheFieldsPoints)
+{
+    EXPECT_TRUE(editor.typeText("abc"));
+    EXPECT_TRUE(editor.inputMethodQuery(Qt::ImEnabled).toBool());
+    EXPECT_EQ(editor.inputMethodQuery(Qt::ImSurroundingText).toString(), QStringLiteral("abc"));
+    EXPECT_EQ(editor.inputMethodQuery(Qt::ImCursorPosition).toInt(), 3);
+    const auto rect = editor.inputMethodQuery(Qt::ImCursorRectangle).toRectF();
+    EXPECT_EQ(rect.x(), editor.caretRect().x);
+    EXPECT_GT(rect.x(), 15);
+    EXPECT_LT(rect.x(), 40);
+    field->setKeyboardType(UIKeyboardType::NumberPad);
+    EXPECT_TRUE(editor.inputMethodQuery(Qt::ImHints).toInt() & Qt::ImhDigitsOnly);
+    field->resignFirstResponder();
+    EXPECT_FALSE(editor.inputMethodQuery(Qt::ImEnabled).toBool());
+}
+
+TEST_F(TextEditorTest, PastesWhatTheKeyboardLacks)
+{
+    field->setKeyboardType(UIKeyboardType::NumberPad);
+    EXPECT_TRUE(editor.paste("-1.5 °"));
+    EXPECT_EQ(field->text(), "-1.5 °");
+    EXPECT_EQ(log->count("edited"), 1);
+}
+
+TEST_F(TextEditorTest, PastesFromTheClipboardByKey)
+{
+    field->setKeyboardType(UIKeyboardType::NumberPad);
+    QGuiApplication::clipboard()->setText(QStringLiteral("#FF8800"));
+    EXPECT_TRUE(press(Qt::Key_V, Qt::ControlModifier, QStringLiteral("\x16")));
+    EXPECT_TRUE(press(Qt::Key_Insert, Qt::ShiftModifier));
+    EXPECT_EQ(field->text(), "#FF8800#FF8800");
+}
+
+TEST_F(TextEditorTest, PastesOverTheSelection)
+{
+    field->setText("one two");
+    EXPECT_TRUE(press(Qt::Key_A, Qt::ControlModifier));
+    EXPECT_TRUE(editor.paste("three"));
+    EXPECT_EQ(field->text(), "three");
+}
+
+TEST_F(TextEditorTest, CopiesAndCutsTheSelection)
+{
+    field->setText("one two");
+    EXPECT_TRUE(press(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier));
+    EXPECT_TRUE(press(Qt::Key_C, Qt::ControlModifier));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("two"));
+    EXPECT_TRUE(press(Qt::Key_A, Qt::ControlModifier));
+    EXPECT_TRUE(press(Qt::Key_X, Qt::ControlModifier));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("one two"));
+    EXPECT_EQ(field->text(), "");
+    EXPECT_EQ(log->count("edited"), 1);
+}
+
+TEST_F(TextEditorTest, GivesNoSecretToTheClipboard)
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    field->setSecureTextEntry(true);
+    field->setText("secret");
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
+}
+
+TEST_F(TextEditorTest, PastesLineBreaksAndControlCharactersAsBlanks)
+{
+    EXPECT_TRUE(editor.paste(std::string("a\r\nb\nc\rd\te\0f\x7F", 13) + "\u2028g\u2029"));
+    EXPECT_EQ(field->text(), "a b c d e f  g ");
+}
+
+TEST_F(TextEditorTest, PastesBrokenTextHarmlessly)
+{
+    EXPECT_TRUE(editor.paste("a\xED\xA0\x80\xFFz"));
+    const auto text = field->text();
+    EXPECT_EQ(text.front(), 'a');
+    EXPECT_EQ(text.back(), 'z');
+    EXPECT_TRUE(QString::fromStdString(text).isValidUtf16());
+}
+
+TEST_F(TextEditorTest, CutsOffAPastedTextThatIsTooLong)
+{
+    EXPECT_TRUE(editor.paste(std::string(1 << 20, 'x')));
+    EXPECT_EQ(field->text(), std::string(UITextField::Editor::maximumLength, 'x'));
+    window->display();
+    EXPECT_TRUE(editor.paste("y"));
+    EXPECT_EQ(field->text().size(), static_cast<std::size_t>(UITextField::Editor::maximumLength));
+    EXPECT_TRUE(editor.clear());
+    EXPECT_EQ(field->text(), "");
+}
+
+TEST_F(TextEditorTest, NeverCutsACharacterInTwo)
+{
+    std::string smiles = "x";
+    for (int count = 0; count < UITextField::Editor::maximumLength / 2; ++count)
+        smiles += "😀";
+    EXPECT_TRUE(editor.paste(smiles));
+    EXPECT_EQ(field->text(), smiles.substr(0, smiles.size() - 4));
+}
+
+TEST_F(TextEditorTest, KeepsALongerTextThatTheProgramHasSet)
+{
+    const std::string text(UITextField::Editor::maximumLength + 10, 'x');
+    field->resignFirstResponder();
+    field->setText(text);
+    field->becomeFirstResponder();
+    EXPECT_TRUE(editor.key("Backspace"));
+    EXPECT_EQ(field->text().size(), text.size() - 1);
+}
+
+TEST_F(TextEditorTest, MovesDeletesAndUndoes)
+{
+    EXPECT_TRUE(editor.typeText("one two"));
+    EXPECT_TRUE(press(Qt::Key_Home));
+    EXPECT_TRUE(press("x"));
+    EXPECT_EQ(field->text(), "xone two");
+    EXPECT_TRUE(press(Qt::Key_End));
+    EXPECT_TRUE(editor.key("Backspace"));
+    EXPECT_EQ(field->text(), "xone tw");
+    EXPECT_TRUE(press(Qt::Key_Left, Qt::ControlModifier));
+    EXPECT_TRUE(press(Qt::Key_Delete));
+    EXPECT_EQ(field->text(), "xone w");
+    EXPECT_TRUE(press(Qt::Key_Z, Qt::ControlModifier));
+    EXPECT_EQ(field->text(), "xone tw");
+    EXPECT_TRUE(press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier));
+    EXPECT_EQ(field->text(), "xone w");
+}
+
+TEST_F(TextEditorTest, ReplacesTheSelectionByWhatIsTyped)
+{
+    EXPECT_TRUE(editor.typeText("one two"));
+    EXPECT_TRUE(press(Qt::Key_Home, Qt::ShiftModifier));
+    EXPECT_TRUE(press("z"));
+    EXPECT_EQ(field->text(), "z");
+}
+
+TEST_F(TextEditorTest, DeletesAWholeCharacterAtOnce)
+{
+    EXPECT_TRUE(editor.paste("a😀"));
+    EXPECT_TRUE(editor.key("Backspace"));
+    EXPECT_EQ(field->text(), "a");
+}
+
+TEST_F(TextEditorTest, TypesNothingForShortcutsItDoesNotKnow)
+{
+    press(Qt::Key_Q, Qt::ControlModifier, QStringLiteral("\x11"));
+    press(Qt::Key_F5);
+    press(Qt::Key_Shift, Qt::ShiftModifier);
+    EXPECT_EQ(field->text(), "");
+    EXPECT_TRUE(log->actions.empty());
+}
+
+TEST_F(TextEditorTest, EndsTheEditingWithReturn)
+{
+    EXPECT_TRUE(editor.typeText("abc"));
+    log->actions.clear();
+    EXPECT_TRUE(editor.key("Return"));
+    EXPECT_FALSE(field->isFirstResponder());
+    EXPECT_EQ(field->text(), "abc");
+    EXPECT_EQ(log->actions, (std::vector<std::string> { "editingEnded" }));
+}
+
+TEST_F(TextEditorTest, EndsTheEditingWithEnterOfTheKeypad)
+{
+    EXPECT_TRUE(press(Qt::Key_Enter, Qt::KeypadModifier, QStringLiteral("\r")));
+    EXPECT_FALSE(field->isFirstResponder());
+}
+
+TEST_F(TextEditorTest, HasNoReturnOnItsPads)
+{
+    for (const auto pad :
+        { UIKeyboardType::NumberPad, UIKeyboardType::PhonePad, UIKeyboardType::DecimalPad }) {
+        field->setKeyboardType(pad);
+        EXPECT_FALSE(editor.key("Return"));
+        EXPECT_TRUE(field->isFirstResponder());
+    }
+}
+
+TEST_F(TextEditorTest, LeavesOtherNamedKeysToOthers)
+{
+    EXPECT_TRUE(editor.typeText("abc"));
+    EXPECT_FALSE(editor.key("Tab"));
+    EXPECT_FALSE(editor.key("Escape"));
+    EXPECT_FALSE(editor.key("Hyper"));
+    EXPECT_EQ(field->text(), "abc");
+    EXPECT_TRUE(field->isFirstResponder());
+}
+
+TEST_F(TextEditorTest, ClearsItsText)
+{
+    field->setText("abc");
+    EXPECT_TRUE(editor.clear());
+    EXPECT_EQ(field->text(), "");
+    EXPECT_TRUE(editor.clear());
+    EXPECT_EQ(log->count("edited"), 1);
+}
+
+TEST_F(TextEditorTest, GoesOnBehindAPresetText)
+{
+    field->setText("-");
+    field->setKeyboardType(UIKeyboardType::NumberPad);
+    EXPECT_TRUE(editor.typeText("10"));
+    EXPECT_EQ(field->text(), "-10");
+}
+
+TEST_F(TextEditorTest, LeavesTheCaretBehindTheTextWhenATapBeginsTheEditing)
+{
+    field->resignFirstResponder();
+    field->setText("a long enough text");
+    tap({ 40, 35 });
+    EXPECT_TRUE(editor.typeText("!"));
+    EXPECT_EQ(field->text(), "a long enough text!");
+}
+
+TEST_F(TextEditorTest, PutsTheCaretWhereALaterTouchIs)
+{
+    field->setText("ab");
+    press(Qt::Key_Left);
+    const auto between = caretX();
+    press(Qt::Key_End);
+    tap({ between + 1, 35 });
+    EXPECT_TRUE(editor.typeText("|"));
+    EXPECT_EQ(field->text(), "a|b");
+    tap({ 21, 35 });
+    EXPECT_TRUE(editor.typeText("|"));
+    EXPECT_EQ(field->text(), "|a|b");
+    tap({ 210, 35 });
+    EXPECT_TRUE(editor.typeText("|"));
+    EXPECT_EQ(field->text(), "|a|b|");
+}
+
+TEST_F(TextEditorTest, SelectsByDraggingBothWays)
+{
+    field->setText("abcd");
+    press(Qt::Key_Left);
+    const auto beforeLast = caretX();
+    drag({ beforeLast, 35 }, { 5, 60 }, 4);
+    EXPECT_TRUE(editor.typeText("x"));
+    EXPECT_EQ(field->text(), "xd");
+    drag({ 21, 35 }, { 310, 35 }, 4);
+    EXPECT_TRUE(editor.typeText("y"));
+    EXPECT_EQ(field->text(), "y");
+}
+
+TEST_F(TextEditorTest, SelectsAWordByADoubleClick)
+{
+    field->setText("one two three");
+    for (int count = 0; count < 7; ++count)
+        press(Qt::Key_Left);
+    const auto inTwo = caretX();
+    const auto click = [&](double time) {
+        window->touchBegan({ inTwo, 35 }, time);
+        window->touchEnded({ inTwo, 35 }, time + 0.05);
+    };
+    click(10);
+    click(10.2);
+    EXPECT_TRUE(editor.typeText("2"));
+    EXPECT_EQ(field->text(), "one 2 three");
+}
+
+TEST_F(TextEditorTest, TakesSlowOrUntimedTapsForSingleOnes)
+{
+    field->setText("one");
+    for (const auto& times : { std::pair(10.0, 11.0), std::pair(0.0, 0.0) }) {
+        for (const auto time : { times.first, times.second }) {
+            window->touchBegan({ 200, 35 }, time);
+            window->touchEnded({ 200, 35 }, time);
+        }
+        EXPECT_TRUE(editor.typeText("x"));
+    }
+    EXPECT_EQ(field->text(), "onexx");
+}
+
+}
