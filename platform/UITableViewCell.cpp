@@ -17,7 +17,7 @@ constexpr CGFloat accessoryGap = 10;
 constexpr CGFloat valueGap = 8;
 /// A title keeps this much beside the longest value.
 constexpr CGFloat shortestTitle = 80;
-constexpr UIFont chevronFont { 20, UIFontWeight::Medium };
+constexpr UIFont chevronFont { 24, UIFontWeight::Regular };
 constexpr UIFont checkmarkFont { 17, UIFontWeight::Semibold };
 
 const auto registration = registerClass<UITableViewCell>("UITableViewCell");
