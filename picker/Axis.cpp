@@ -1,0 +1,19 @@
+#include "Axis.h"
+
+using namespace platform;
+
+namespace vekora {
+
+CGFloat Axis::valueAt(CGFloat position, CGFloat origin, CGFloat length) const
+{
+    const auto share = length > 0 ? (position - origin) / length : 0;
+    return direction == Direction::Rising ? share : 1 - share;
+}
+
+CGFloat Axis::positionOf(CGFloat value, CGFloat origin, CGFloat length) const
+{
+    const auto share = direction == Direction::Rising ? value : 1 - value;
+    return share * length + origin;
+}
+
+}
