@@ -13,6 +13,7 @@ namespace {
 
 class Resource : public SettingsTest {
 protected:
+    Resource() { installation.installPane(host::InstallationSources::ofThisBuild()); }
     static PropertyList listAt(const char* path)
     {
         const auto list = NSMutableDictionary::dictionaryWithContentsOfFile(path);

@@ -54,7 +54,7 @@ SettingsTest::SettingsTest()
     Device::current().root = installation.root();
     setClock(tenSeventeen);
     setPlace("en_US", "UTC");
-    installation.installPane(host::InstallationSources::ofThisBuild());
+    installResources();
     vekora::mainPreferences.reset();
     vekora::colorPagePreferences.reset();
     vekora::statusSpecifier.reset();
@@ -68,6 +68,18 @@ SettingsTest::~SettingsTest()
     vekora::colorPagePreferences.reset();
     vekora::statusSpecifier.reset();
     Device::current() = _device;
+}
+
+void SettingsTest::installResources() const
+{
+    const auto bundle = installation.root() / "Library/PreferenceBundles/Vekora.bundle";
+    std::filesystem::create_directory(bundle);
+    for (const auto& entry :
+        std::filesystem::directory_iterator(host::InstallationSources::ofThisBuild().bundle)) {
+        // The module is linked into the test program, and too large to be copied for every test.
+        if (entry.path().has_extension())
+            std::filesystem::copy(entry.path(), bundle);
+    }
 }
 
 std::filesystem::path SettingsTest::preferenceFile() const

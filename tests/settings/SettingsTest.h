@@ -11,8 +11,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-/// A device of a test's own, in English and in Greenwich, on which it is 2014-01-05 10:17:42.6. The pane is
-/// installed; nothing has run on it yet. Everything the pane does to the outside is written down.
+/// A device of a test's own, in English and in Greenwich, on which it is 2014-01-05 10:17:42.6. The pane's
+/// resources are installed; nothing has run yet. Everything the pane does to the outside is written down.
 class SettingsTest : public testing::Test {
 protected:
     SettingsTest();
@@ -44,6 +44,7 @@ protected:
     host::Installation installation { folder.path() / "phone" };
 
 private:
+    void installResources() const;
     void note(const platform::JournalEntry&);
 
     platform::Device _device;
