@@ -52,7 +52,7 @@ TEST_F(Bundle, HoldsEveryClassThatIsReachedByName)
 {
     const auto bundle = NSBundle::loadBundleAtPath(path, error);
     ASSERT_TRUE(bundle) << error;
-    for (const char* name : { "VekoraListController", "VekoraColorSelectorController" })
+    for (const char* name : { "VekoraListController", "VekoraColorSelectorController", "VKColorCell" })
         EXPECT_TRUE(NSClassFromString(name)) << name;
 }
 
