@@ -18,6 +18,7 @@ constexpr CGFloat caretWidth = 2;
 constexpr double selectionAlpha = 0.25;
 constexpr double disabledAlpha = 0.5;
 constexpr QChar bullet(0x2022);
+constexpr qsizetype mostShown = 4096; // UTF-16 units; what follows ends in the ellipsis anyway.
 
 QColor toQColor(const UIColor& color, double alpha = 1)
 {
@@ -147,7 +148,8 @@ void UITextField::Editor::draw(Bitmap& target, double scale) const
     if (shown.isEmpty())
         drawText(target, scale, placeholder, style, withAlpha(style::chevron(), visible).cgColor(), size);
     if (!lineEdit) {
-        drawText(target, scale, shown.toStdString(), style, withAlpha(textColor, visible).cgColor(), size);
+        drawText(target, scale, shown.left(mostShown).toStdString(), style,
+            withAlpha(textColor, visible).cgColor(), size);
         return;
     }
 
