@@ -1,16 +1,10 @@
 #include "TextEditor.h"
-#include "platform/UIAlertView.h"
-#include "platform/UIWindow.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QInputMethodEvent>
-#include <QKeyEvent>
-#include <QStringDecoder>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace platform {
@@ -21,91 +15,6 @@ constexpr double doubleClickSeconds = 0.4;
 constexpr CGFloat doubleClickDistance = 10;
 constexpr CGFloat dragSlop = 4; // A finger that moved less has not begun to select.
 
-bool isReturn(int key)
-{
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
-
-// Held keys would answer one alert after the other.
-bool answerAlert(UIAlertView& alert, const QKeyEvent& event)
-{
-    if (event.isAutoRepeat())
-        return false;
-    if (isReturn(event.key()))
-        alert.pressDefaultButton();
-    else if (event.key() == Qt::Key_Escape)
-        alert.pressCancelButton();
-    else
-        return false;
-    return true;
-}
-
-UIAlertView* alertAround(const UIView& view)
-{
-    for (auto* ancestor = view.superview(); ancestor; ancestor = ancestor->superview()) {
-        if (auto* alert = dynamic_cast<UIAlertView*>(ancestor))
-            return alert;
-    }
-    return nullptr;
-}
-
-bool keyboardHasText(UIKeyboardType keyboard, const QString& text)
-{
-    const auto characters = text.toUcs4();
-    return std::all_of(characters.begin(), characters.end(),
-        [&](uint character) { return keyboardHasCharacter(keyboard, character); });
-}
-
-// Commands come with control characters or with Ctrl; Ctrl and Alt together are how some keyboards reach
-// their third characters.
-bool typesText(const QKeyEvent& event)
-{
-    const auto text = event.text();
-    if (text.isEmpty() || text.at(0).category() == QChar::Other_Control)
-        return false;
-    const auto modifiers = event.modifiers();
-    return !modifiers.testFlag(Qt::ControlModifier) || modifiers.testFlag(Qt::AltModifier);
-}
-
-QString oneLine(QString text)
-{
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    for (auto& character : text) {
-        const auto category = character.category();
-        if (category == QChar::Other_Control || category == QChar::Separator_Line
-            || category == QChar::Separator_Paragraph)
-            character = QLatin1Char(' ');
-    }
-    return text;
-}
-
-Qt::InputMethodHints hintsFor(UIKeyboardType keyboard, bool secure)
-{
-    static constexpr std::array<std::pair<UIKeyboardType, Qt::InputMethodHint>, 6> hints { {
-        { UIKeyboardType::ASCIICapable, Qt::ImhLatinOnly },
-        { UIKeyboardType::NumbersAndPunctuation, Qt::ImhPreferNumbers },
-        { UIKeyboardType::URL, Qt::ImhUrlCharactersOnly },
-        { UIKeyboardType::NumberPad, Qt::ImhDigitsOnly },
-        { UIKeyboardType::PhonePad, Qt::ImhDialableCharactersOnly },
-        { UIKeyboardType::DecimalPad, Qt::ImhFormattedNumbersOnly },
-    } };
-    const auto* const found
-        = std::find_if(hints.begin(), hints.end(), [&](const auto& hint) { return hint.first == keyboard; });
-    Qt::InputMethodHints result = found == hints.end() ? Qt::ImhNone : found->second;
-    if (secure)
-        result |= Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText;
-    return result;
-}
-
-}
-
-bool sendKeyToWindow(UIWindow& window, QKeyEvent& event)
-{
-    if (auto* const alert = UIAlertView::topmost();
-        alert && alert->window() == &window && answerAlert(*alert, event))
-        return true;
-    auto* const field = window.firstResponder();
-    return field && field->editor().keyPress(event);
 }
 
 UITextField::Editor::Editor(UITextField& owner)
@@ -135,14 +44,6 @@ bool UITextField::Editor::end()
     return true;
 }
 
-void UITextField::Editor::configure()
-{
-    if (!lineEdit)
-        return;
-    lineEdit->setEchoMode(secure ? QLineEdit::Password : QLineEdit::Normal);
-    lineEdit->setInputMethodHints(hintsFor(keyboard, secure));
-}
-
 void UITextField::Editor::setText(const QString& text)
 {
     idleText = text;
@@ -167,7 +68,18 @@ void UITextField::Editor::setSecure(bool is)
     caretMoved();
 }
 
-template <typename Change> bool UITextField::Editor::edit(Change change)
+QString UITextField::Editor::oneLine(QString text)
+{
+    for (auto& character : text) {
+        const auto category = character.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line
+            || category == QChar::Separator_Paragraph)
+            character = QLatin1Char(' ');
+    }
+    return text;
+}
+
+bool UITextField::Editor::edit(const std::function<void()>& change)
 {
     if (!lineEdit)
         return false;
@@ -180,120 +92,6 @@ template <typename Change> bool UITextField::Editor::edit(Change change)
     return true;
 }
 
-bool UITextField::Editor::typeText(std::string_view utf8)
-{
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
-    if (decoder.hasError() || !lineEdit || !keyboardHasText(keyboard, text))
-        return false;
-    const auto kept = field.weak_from_this().lock();
-    const auto characters = text.toUcs4();
-    return std::all_of(
-        characters.begin(), characters.end(), [&](uint character) { return typeCharacter(character); });
-}
-
-bool UITextField::Editor::typeCharacter(char32_t character)
-{
-    if (!keyboardHasCharacter(keyboard, character))
-        return false;
-    const auto kept = field.weak_from_this().lock();
-    commitComposition();
-    return edit([&] { lineEdit->insert(QString::fromUcs4(&character, 1)); });
-}
-
-bool UITextField::Editor::keyPress(QKeyEvent& event)
-{
-    if (!lineEdit)
-        return false;
-    if (auto* const alert = alertAround(field); alert && answerAlert(*alert, event))
-        return true;
-    switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return returnKey();
-    case Qt::Key_Escape:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-        return false;
-    default:
-        break;
-    }
-    if (event.matches(QKeySequence::Paste))
-        return pasteFromClipboard();
-    if (typesText(event) && !keyboardHasText(keyboard, event.text()))
-        return false;
-    return edit([&] { lineEdit->event(&event); }) && event.isAccepted();
-}
-
-bool UITextField::Editor::returnKey()
-{
-    static constexpr std::array pads { UIKeyboardType::NumberPad, UIKeyboardType::PhonePad,
-        UIKeyboardType::DecimalPad };
-    if (std::find(pads.begin(), pads.end(), keyboard) != pads.end())
-        return false;
-    field.resignFirstResponder();
-    return true;
-}
-
-bool UITextField::Editor::key(std::string_view name)
-{
-    static constexpr std::array<std::pair<std::string_view, Qt::Key>, 4> keys { {
-        { "Return", Qt::Key_Return },
-        { "Escape", Qt::Key_Escape },
-        { "Backspace", Qt::Key_Backspace },
-        { "Tab", Qt::Key_Tab },
-    } };
-    const auto* const found
-        = std::find_if(keys.begin(), keys.end(), [&](const auto& known) { return known.first == name; });
-    if (found == keys.end())
-        return false;
-    QKeyEvent event(QEvent::KeyPress, found->second, Qt::NoModifier);
-    return keyPress(event);
-}
-
-bool UITextField::Editor::inputMethod(QInputMethodEvent& event)
-{
-    if (!lineEdit)
-        return false;
-    if (!keyboardHasText(keyboard, event.commitString())) {
-        QInputMethodEvent nothing;
-        inputMethod(nothing);
-        return false;
-    }
-    _composition = oneLine(event.preeditString());
-    _compositionCaret = static_cast<int>(_composition.size());
-    for (const auto& attribute : event.attributes()) {
-        if (attribute.type == QInputMethodEvent::Cursor)
-            _compositionCaret = std::clamp(attribute.start, 0, _compositionCaret);
-    }
-    return edit([&] { lineEdit->event(&event); });
-}
-
-void UITextField::Editor::commitComposition()
-{
-    if (_composition.isEmpty() || !lineEdit)
-        return;
-    QInputMethodEvent event;
-    event.setCommitString(_composition);
-    inputMethod(event);
-}
-
-QVariant UITextField::Editor::inputMethodQuery(Qt::InputMethodQuery query) const
-{
-    const auto rect = [](CGRect r) { return QRectF(r.x, r.y, r.width, r.height); };
-    switch (query) {
-    case Qt::ImEnabled:
-        return lineEdit != nullptr;
-    case Qt::ImCursorRectangle:
-    case Qt::ImAnchorRectangle:
-        return rect(caretRect());
-    case Qt::ImInputItemClipRectangle:
-        return rect(field.bounds());
-    default:
-        return lineEdit ? lineEdit->inputMethodQuery(query) : QVariant();
-    }
-}
-
 bool UITextField::Editor::paste(const std::string& utf8)
 {
     if (!lineEdit)
@@ -301,7 +99,7 @@ bool UITextField::Editor::paste(const std::string& utf8)
     const auto kept = field.weak_from_this().lock();
     commitComposition();
     return edit([&] {
-        auto text = oneLine(QString::fromStdString(utf8));
+        auto text = oneLine(QString::fromStdString(utf8).replace(QLatin1String("\r\n"), QLatin1String("\n")));
         const auto others = lineEdit->text().size() - lineEdit->selectedText().size();
         const auto room = std::max<qsizetype>(0, lineEdit->maxLength() - others);
         if (text.size() > room)

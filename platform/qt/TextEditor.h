@@ -8,6 +8,7 @@
 #include <QTextLayout>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -83,7 +84,8 @@ struct UITextField::Editor {
     bool secure = false;
 
 private:
-    template <typename Change> bool edit(Change);
+    bool edit(const std::function<void()>& change);
+    static QString oneLine(QString); ///< Each line break or other control character becomes a blank.
     bool returnKey();
     void configure();
     void commitComposition();

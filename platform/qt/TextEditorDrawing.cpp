@@ -58,15 +58,9 @@ struct UITextField::Editor::Line {
 
 QString UITextField::Editor::shownText() const
 {
-    auto shown = text();
+    auto shown = oneLine(text());
     if (secure)
         shown.fill(bullet);
-    for (auto& character : shown) {
-        const auto category = character.category();
-        if (category == QChar::Other_Control || category == QChar::Separator_Line
-            || category == QChar::Separator_Paragraph)
-            character = QLatin1Char(' ');
-    }
     if (lineEdit && !_composition.isEmpty())
         shown.insert(
             lineEdit->cursorPosition(), secure ? QString(_composition.size(), bullet) : _composition);
