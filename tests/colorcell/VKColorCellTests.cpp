@@ -395,6 +395,15 @@ TEST_F(ColorCell, PinsItsSlidersWithoutARange)
     EXPECT_EQ(slider(0).maximumValue(), 0);
 }
 
+TEST_F(ColorCell, SetsTheLowerEndOfTheRangeFirst)
+{
+    row->setPropertyForKey(300, "min");
+    makeCell();
+    EXPECT_EQ(slider(0).minimumValue(), 255);
+    EXPECT_EQ(slider(0).maximumValue(), 255);
+    EXPECT_EQ(sliderValues(), (std::vector<float> { 255, 255, 255 }));
+}
+
 TEST_F(ColorCell, TakesAnyRange)
 {
     constexpr auto infinity = std::numeric_limits<double>::infinity();
