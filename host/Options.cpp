@@ -1,11 +1,9 @@
 #include "Options.h"
 
-#include "driver/ScriptParser.h"
-#include "Instant.h"
+#include "OptionRules.h"
 #include "platform/qt/Region.h"
 
 #include <cstdlib>
-#include <filesystem>
 
 namespace host {
 
@@ -13,134 +11,10 @@ namespace {
 
 using Mode = Options::Mode;
 
-/// Points in a side of the window; more is taken for a slip of the finger.
-constexpr long largestSide = 4096;
-
-enum Where : unsigned { InWindow = 1, InDrive = 2, InObserve = 4, Everywhere = 7, WithPhone = 3 };
-
 std::string quoted(const std::string& text)
 {
     return '"' + text + '"';
 }
-
-/// Each takes an option's value and answers with what is wrong with it, or with nothing.
-using Taker = std::string (*)(Options&, const std::string& value);
-
-std::string takeRoot(Options& options, const std::string& value)
-{
-    if (value.empty())
-        return "--root takes a folder, not an empty word.";
-    options.phone.root = std::filesystem::absolute(value).lexically_normal().string();
-    return {};
-}
-
-std::string takeSize(Options& options, const std::string& value)
-{
-    const auto cross = value.find('x');
-    long width = 0;
-    long height = 0;
-    if (cross == std::string::npos || !readCount(value.substr(0, cross), width)
-        || !readCount(value.substr(cross + 1), height) || width < 1 || height < 1 || width > largestSide
-        || height > largestSide)
-        return "--size takes WIDTHxHEIGHT in whole points from 1 to " + std::to_string(largestSide)
-            + ", as 375x667, not " + quoted(value) + ".";
-    options.phone.size = { static_cast<double>(width), static_cast<double>(height) };
-    return {};
-}
-
-std::string takeScale(Options& options, const std::string& value)
-{
-    if (value != "1" && value != "2" && value != "3")
-        return "--scale takes 1, 2 or 3, not " + quoted(value) + ".";
-    options.phone.scale = value[0] - '0';
-    return {};
-}
-
-std::string takeLocale(Options& options, const std::string& value)
-{
-    options.phone.locale = platform::canonicalLocale(value);
-    return options.phone.locale.empty()
-        ? "--locale takes a known locale, as en_US or de_DE, not " + quoted(value) + "."
-        : "";
-}
-
-std::string takeTimeZone(Options& options, const std::string& value)
-{
-    options.phone.timeZone = value;
-    return platform::isKnownTimeZone(value)
-        ? ""
-        : "--timezone takes a known time zone, as Europe/Berlin or UTC, not " + quoted(value) + ".";
-}
-
-std::string takeNow(Options& options, const std::string& value)
-{
-    options.phone.now = value;
-    // Whether it is an instant does not depend on the zone, which may be named later.
-    return instantFromText(value, "UTC")
-        ? ""
-        : "--now takes an instant in ISO 8601, as 2014-01-05T10:17:42.6+01:00, not " + quoted(value) + ".";
-}
-
-std::string takeBundle(Options& options, const std::string& value)
-{
-    if (value.empty())
-        return "--bundle takes a bundle's folder, not an empty word.";
-    options.phone.bundle = std::filesystem::absolute(value).lexically_normal().string();
-    return {};
-}
-
-std::string takeToggle(Options& options, const std::string&)
-{
-    options.phone.toggle = true;
-    return {};
-}
-
-std::string takeStatusBar(Options& options, const std::string&)
-{
-    options.phone.statusBar = true;
-    return {};
-}
-
-std::string takeKeepGoing(Options& options, const std::string&)
-{
-    options.keepGoing = true;
-    return {};
-}
-
-std::string takeHelp(Options& options, const std::string&)
-{
-    options.mode = Mode::Help;
-    return {};
-}
-
-std::string takeVersion(Options& options, const std::string&)
-{
-    options.mode = Mode::Version;
-    return {};
-}
-
-struct Rule {
-    std::string_view name;
-    std::string_view value; ///< How the help calls it; empty for an option without one.
-    unsigned where;
-    Taker take;
-    std::string_view help;
-};
-
-constexpr Rule rules[] = {
-    { "--root", "DIR", Everywhere, takeRoot, "the folder that stands for the device's file system" },
-    { "--size", "WxH", WithPhone, takeSize, "the window in points (375x667)" },
-    { "--scale", "N", WithPhone, takeScale, "pixels a point: 1, 2 or 3 (2)" },
-    { "--locale", "NAME", WithPhone, takeLocale, "as en_US or ar_EG (the environment's)" },
-    { "--timezone", "NAME", Everywhere, takeTimeZone, "as Europe/Berlin (the system's)" },
-    { "--now", "TIME", WithPhone, takeNow, "the clock stands still at this instant, ISO 8601" },
-    { "--toggle", "", WithPhone, takeToggle, "with the stand-in companion toggle" },
-    { "--statusbar", "", WithPhone, takeStatusBar, "with the status-bar library's file" },
-    { "--bundle", "DIR", WithPhone, takeBundle, "another bundle's folder" },
-    { "--keep-going", "", InDrive, takeKeepGoing, "go on after a command that failed" },
-    { "--help", "", Everywhere, takeHelp, "print this" },
-    { "--version", "", Everywhere, takeVersion, "print the version" },
-};
 
 struct SubCommand {
     std::string_view name;
@@ -163,7 +37,9 @@ bool isSubCommand(std::string_view word)
 
 unsigned placeOf(Mode mode)
 {
-    return mode == Mode::Drive ? InDrive : mode == Mode::Observe ? InObserve : InWindow;
+    return mode == Mode::Drive  ? OptionRule::InDrive
+        : mode == Mode::Observe ? OptionRule::InObserve
+                                : OptionRule::InWindow;
 }
 
 std::string nameOf(Mode mode)
@@ -175,9 +51,9 @@ std::string nameOf(Mode mode)
     return "the window";
 }
 
-const Rule* ruleNamed(std::string_view name)
+const OptionRule* ruleNamed(std::string_view name)
 {
-    for (const auto& rule : rules) {
+    for (const auto& rule : optionRules()) {
         if (rule.name == name)
             return &rule;
     }
@@ -227,7 +103,7 @@ private:
     {
         const auto equals = word.find('=');
         const auto name = word.substr(0, equals);
-        const Rule* rule = ruleNamed(name);
+        const OptionRule* rule = ruleNamed(name);
         if (!rule) {
             _error = "There is no option " + quoted(name) + "; --help lists them.";
         } else if (!(rule->where & placeOf(_command))) {
@@ -303,7 +179,7 @@ std::string helpText()
                        "vekora observe [options]            print each change of the preferences\n"
                        "\n";
     constexpr std::size_t column = 20;
-    for (const auto& rule : rules) {
+    for (const auto& rule : optionRules()) {
         auto line = "  " + std::string(rule.name) + (rule.value.empty() ? "" : " ") + std::string(rule.value);
         line.resize(std::max(line.size() + 1, column), ' ');
         text += line + std::string(rule.help) + '\n';
