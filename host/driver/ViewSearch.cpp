@@ -57,11 +57,13 @@ void collect(UIView& view, std::string_view text, std::vector<UIView*>& found)
         found.push_back(&view);
 }
 
-/// Something of it is to be seen, not only what lies in it.
-bool paints(UIView& view)
+/// What lies below it cannot be seen or is not to be touched. A control that is laid over a text to take its
+/// touches may be tinted a little.
+bool hidesWhatLiesBelow(UIView& view)
 {
+    constexpr CGFloat hidingAlpha = 0.5;
     const auto& background = view.layer().backgroundColor();
-    if (background && background->rgba()[3] > 0)
+    if (background && background->rgba()[3] >= hidingAlpha)
         return true;
     const auto text = host::shownText(view);
     return (text && !text->empty()) || dynamic_cast<UIAlertView*>(&view);
@@ -161,7 +163,7 @@ bool isCovered(UIWindow& window, const UIView& view, CGPoint point)
     if (!hit || hit->isDescendantOfView(view))
         return false;
     for (UIView* above = hit; above && !view.isDescendantOfView(*above); above = above->superview()) {
-        if (paints(*above))
+        if (hidesWhatLiesBelow(*above))
             return true;
     }
     return false;

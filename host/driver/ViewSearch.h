@@ -39,7 +39,8 @@ bool isInSight(const platform::UIView&, platform::CGPoint);
 void scrollIntoSight(platform::UIView&);
 
 /// True when a touch at the point meets something that hides the view, or keeps touches from it, rather than
-/// the view, something in it, what it lies in, or a clear control that lies over it to take its touches.
+/// the view, something in it, what it lies in, or a see-through control that lies over it to take its
+/// touches.
 bool isCovered(platform::UIWindow&, const platform::UIView&, platform::CGPoint);
 
 }

@@ -7,6 +7,8 @@
 #include <QJsonObject>
 #include <QProcess>
 
+#include <ostream>
+
 /// The built program as another process, without a display, a bus or anybody's home folder.
 class HostProcess {
 public:
@@ -74,3 +76,17 @@ private:
 double numberAt(const QJsonValue& array, int index);
 /// One line, as the driver prints it.
 QByteArray compact(const QJsonValue&);
+
+/// How a failed expectation shows them.
+inline void PrintTo(const QJsonValue& value, std::ostream* stream)
+{
+    *stream << compact(value).constData();
+}
+inline void PrintTo(const QByteArray& text, std::ostream* stream)
+{
+    *stream << text.constData();
+}
+inline void PrintTo(const QString& text, std::ostream* stream)
+{
+    *stream << text.toStdString();
+}

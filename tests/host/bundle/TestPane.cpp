@@ -144,6 +144,7 @@ public:
 
         const auto glass = UIButton::buttonWithType(UIButtonType::Custom);
         glass->setFrame({ 10, 10, 150, 100 });
+        glass->setBackgroundColor(UIColor::colorWithWhiteAlpha(0, 0.04));
         glass->addTargetActionForControlEvents(this, "glassTouched:", UIControlEventTouchUpInside);
         contentView().addSubview(glass);
         const auto plate = UIButton::buttonWithType(UIButtonType::Custom);
