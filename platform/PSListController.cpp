@@ -12,13 +12,6 @@ namespace platform {
 
 namespace {
 
-std::string textProperty(const PSSpecifier& specifier, std::string_view key)
-{
-    const auto* value = specifier.propertyForKey(key);
-    const auto* text = value ? value->string() : nullptr;
-    return text ? *text : std::string();
-}
-
 std::string pathOfDefaults(const std::string& domain)
 {
     return "/var/mobile/Library/Preferences/" + domain + ".plist";
@@ -199,8 +192,8 @@ void PSListController::setPreferenceValueSpecifier(std::optional<PropertyValue> 
 {
     if (!specifier)
         return;
-    const auto domain = textProperty(*specifier, "defaults");
-    const auto key = textProperty(*specifier, "key");
+    const auto domain = specifier->textForKey("defaults");
+    const auto key = specifier->textForKey("key");
     if (!domain.empty() && !key.empty()) {
         const auto path = pathOfDefaults(domain);
         auto stored = NSMutableDictionary::dictionaryWithContentsOfFile(path).value_or(NSMutableDictionary());
@@ -208,16 +201,16 @@ void PSListController::setPreferenceValueSpecifier(std::optional<PropertyValue> 
         static_cast<void>(stored.writeToFileAtomically(path, true));
     }
     CFNotificationCenterPostNotification(
-        CFNotificationCenterGetDarwinNotifyCenter(), textProperty(*specifier, "PostNotification"));
+        CFNotificationCenterGetDarwinNotifyCenter(), specifier->textForKey("PostNotification"));
 }
 
 std::optional<PropertyValue> PSListController::readPreferenceValue(PSSpecifier* specifier)
 {
     if (!specifier)
         return std::nullopt;
-    if (const auto domain = textProperty(*specifier, "defaults"); !domain.empty()) {
+    if (const auto domain = specifier->textForKey("defaults"); !domain.empty()) {
         const auto stored = NSMutableDictionary::dictionaryWithContentsOfFile(pathOfDefaults(domain));
-        if (const auto* value = stored ? stored->objectForKey(textProperty(*specifier, "key")) : nullptr)
+        if (const auto* value = stored ? stored->objectForKey(specifier->textForKey("key")) : nullptr)
             return *value;
     }
     const auto* value = specifier->propertyForKey("default");
@@ -255,7 +248,7 @@ std::string PSListController::tableViewTitleForHeaderInSection(UITableView&, lon
 std::string PSListController::tableViewTitleForFooterInSection(UITableView&, long section)
 {
     const auto* group = groupOfSection(section);
-    return group ? textProperty(*group, "footerText") : std::string();
+    return group ? group->textForKey("footerText") : std::string();
 }
 
 void PSListController::tableViewDidSelectRowAtIndexPath(UITableView&, NSIndexPath path)
@@ -278,7 +271,7 @@ void PSListController::open(PSSpecifier& row)
 {
     auto* const stack = navigationController();
     const auto* detail = row.detailControllerClass();
-    const auto named = textProperty(row, "detail");
+    const auto named = row.textForKey("detail");
     if (!detail && !named.empty())
         detail = NSClassFromString(named);
     else if (!detail && row.cellType() == PSCellType::LinkList)

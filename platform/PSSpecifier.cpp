@@ -56,6 +56,13 @@ const PropertyValue* PSSpecifier::propertyForKey(std::string_view key) const
     return found == _properties.end() ? nullptr : &found->second;
 }
 
+std::string PSSpecifier::textForKey(std::string_view key) const
+{
+    const auto* value = propertyForKey(key);
+    const auto* text = value ? value->string() : nullptr;
+    return text ? *text : std::string();
+}
+
 void PSSpecifier::setPropertyForKey(PropertyValue value, std::string_view key)
 {
     _properties.insert_or_assign(std::string(key), std::move(value));

@@ -49,6 +49,7 @@ public:
 
     /// Null when there is none.
     const PropertyValue* propertyForKey(std::string_view key) const;
+    std::string textForKey(std::string_view key) const; ///< Empty when there is none, or it is no text.
     void setPropertyForKey(PropertyValue, std::string_view key);
     void removePropertyForKey(std::string_view key);
     const PropertyList& properties() const { return _properties; }

@@ -55,22 +55,16 @@ CGFloat widthOfPage(const PSSpecifier* specifier)
     return page->isViewLoaded() ? page->view().bounds().width : page->contentSize().width;
 }
 
-const std::string* textProperty(const PSSpecifier& specifier, std::string_view key)
-{
-    const auto* value = specifier.propertyForKey(key);
-    return value ? value->string() : nullptr;
-}
-
 /// A name without a folder is looked up in the bundle of the page's class.
 std::optional<UIImage> iconOf(const PSSpecifier& specifier)
 {
-    const auto* name = textProperty(specifier, "icon");
-    if (!name || name->empty())
+    const auto name = specifier.textForKey("icon");
+    if (name.empty())
         return std::nullopt;
-    if (name->front() == '/')
-        return UIImage::imageNamed(*name);
+    if (name.front() == '/')
+        return UIImage::imageNamed(name);
     const auto* page = specifier.target() ? Class::ofObject(*specifier.target()) : nullptr;
-    return page && !page->bundlePath().empty() ? UIImage::imageNamed(page->bundlePath() + "/" + *name)
+    return page && !page->bundlePath().empty() ? UIImage::imageNamed(page->bundlePath() + "/" + name)
                                                : std::nullopt;
 }
 
@@ -113,10 +107,8 @@ Ref<PSTableCell> PSTableCell::cellForSpecifier(const Ref<PSSpecifier>& specifier
         const long style = kindOf(specifier->cellType()).showsValue ? 1 : 0;
         return cellClass ? cellClass->make<PSTableCell>(style, specifier->identifier(), specifier) : nullptr;
     };
-    if (const auto* name = textProperty(*specifier, "cellClass")) {
-        if (auto cell = make(*name))
-            return cell;
-    }
+    if (auto cell = make(specifier->textForKey("cellClass")))
+        return cell;
     return make(kindOf(specifier->cellType()).cellClass);
 }
 

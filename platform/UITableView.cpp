@@ -79,8 +79,8 @@ void UITableView::reloadData()
             if (row.cell)
                 table.oldViews.push_back(row.cell);
         }
-        for (const Ref<UIView>& view : std::initializer_list<Ref<UIView>> {
-                 section.headerLabel, section.footerLabel, section.topLine, section.bottomLine }) {
+        for (const Ref<UIView>& view : std::initializer_list<Ref<UIView>> { section.headerLabel,
+                 section.footerLabel, section.paper, section.topLine, section.bottomLine }) {
             if (view)
                 table.oldViews.push_back(view);
         }

@@ -22,6 +22,8 @@ struct UITableView::Section {
     CGFloat bottom = 0; ///< Of the last.
     std::vector<Row> rows;
     Ref<UILabel> headerLabel, footerLabel;
+    CGFloat paperBottom = 0; ///< Further down than `bottom` where the last cell reaches out below it.
+    Ref<UIView> paper; ///< Behind what reaches out.
     Ref<UIView> topLine, bottomLine;
 };
 

@@ -109,7 +109,14 @@ void UITableView::placeDecorations(Section& section)
         view->setFrame({ 0, y, width, line });
     };
     placeLine(section.topLine, section.top - line);
-    placeLine(section.bottomLine, section.bottom);
+    placeLine(section.bottomLine, section.paperBottom);
+    if (!section.paper) {
+        section.paper = std::make_shared<UIView>();
+        section.paper->setBackgroundColor(style::cellBackground());
+        section.paper->setUserInteractionEnabled(false);
+        insertSubviewAtIndex(section.paper, 0);
+    }
+    section.paper->setFrame({ 0, section.bottom, width, section.paperBottom - section.bottom });
 }
 
 void UITableView::layoutSubviews()
@@ -123,6 +130,8 @@ void UITableView::layoutSubviews()
     makeCells();
     dropOldCells();
     CGFloat reach = table.rowsBottom;
+    for (auto& section : table.sections)
+        section.paperBottom = section.bottom;
     const CGRect near = CGRectInset(bounds(), 0, -bounds().height);
     for (auto& section : table.sections) {
         for (std::size_t index = 0; index < section.rows.size(); ++index) {
@@ -130,8 +139,17 @@ void UITableView::layoutSubviews()
             if (!row.cell)
                 continue;
             row.cell->setFrame({ 0, row.y, bounds().width, row.height });
-            if (const CGFloat below = reachBelowTop(*row.cell); below > row.height)
-                reach = std::max(reach, row.y + below + style::margin);
+            const CGFloat below = reachBelowTop(*row.cell);
+            if (below <= row.height)
+                continue;
+            const CGFloat bottom = std::ceil(row.y + below + style::margin);
+            reach = std::max(reach, bottom);
+            // The table's last row is written on to the end on the same paper.
+            if (&section == &table.sections.back() && &row == &section.rows.back()
+                && section.footer.empty()) {
+                section.paperBottom = bottom;
+                reach = std::max(reach, bottom + style::sectionGap);
+            }
         }
         const bool isNear = section.headerFrame.minY() <= near.maxY() || section.top <= near.maxY();
         if (isNear && std::max(section.bottom, section.footerFrame.maxY()) >= near.minY())

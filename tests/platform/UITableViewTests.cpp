@@ -361,6 +361,16 @@ TEST_F(TableViewTest, ScrollsFarEnoughToReadWhatReachesOutOfACell)
     load({ { "", { 860 } } });
     EXPECT_GE(table->contentSize().height, 35 + 920);
     EXPECT_FALSE(cell(0, 0).clipsToBounds());
+    EXPECT_EQ(cell(0, 0).frame().height, 860);
+    // It stays on white, with the group's line below it.
+    table->setContentOffset({ 0, 5000 });
+    window->display();
+    const auto at = [&](double y) {
+        return window->picture().at(20, static_cast<int>((y - table->contentOffset().y) * 2)) & 0xFFFFFF;
+    };
+    EXPECT_EQ(at(35 + 860), 0xFFFFFFu);
+    EXPECT_EQ(at(35 + 919), 0xFFFFFFu);
+    EXPECT_EQ(at(35 + 920 + 15), 0xC8C7CCu);
 }
 
 TEST_F(TableViewTest, FollowsItsWidth)
