@@ -267,4 +267,17 @@ TYPED_TEST(EveryColorPicker, ShowsTheBundlesMarkerImage)
     EXPECT_EQ(image->size(), (CGSize { 1, 1 }));
 }
 
+// What stands in a read-out before the first colour is shown; in one kind, on purpose, another label's text.
+TEST(PickerPlan, HasAPlaceholderForEachReadOut)
+{
+    const auto placeholders = [](const PickerPlan& plan) {
+        return std::vector<std::string> { plan.topLeft.placeholder, plan.topRight.placeholder,
+            plan.caption.placeholder };
+    };
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(placeholders(VKColorPickerView_B::plan), (Texts { "Saturation", ":Hue", "" }));
+    EXPECT_EQ(placeholders(VKColorPickerView_H::plan), (Texts { "Brightness:", ":Saturation", "" }));
+    EXPECT_EQ(placeholders(VKColorPickerView_S::plan), (Texts { ":Hue", "Brightness:", "" }));
+}
+
 }
