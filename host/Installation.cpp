@@ -45,6 +45,7 @@ InstallationSources InstallationSources::ofThisBuild()
     return {
         .bundle = build / "Vekora.bundle",
         .loaderEntry = build / "loader/Vekora.plist",
+        .gallery = build / "Gallery.bundle",
         .toggle = build / "lib/Flipswitch.dylib",
     };
 }

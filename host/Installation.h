@@ -10,6 +10,7 @@ namespace host {
 struct InstallationSources {
     std::filesystem::path bundle; ///< The folder Vekora.bundle.
     std::filesystem::path loaderEntry; ///< Its entry in the list of settings.
+    std::filesystem::path gallery; ///< The folder Gallery.bundle.
     std::filesystem::path toggle; ///< The stand-in toggle framework's module.
 
     /// As the build lays them out beside the running program.

@@ -47,6 +47,7 @@ std::string takeScale(Options& options, const std::string& value)
     if (value != "1" && value != "2" && value != "3")
         return "--scale takes 1, 2 or 3, not " + quoted(value) + ".";
     options.phone.scale = value[0] - '0';
+    options.scaleIsGiven = true;
     return {};
 }
 
@@ -117,7 +118,8 @@ constexpr OptionRule rules[] = {
     { "--root", "DIR", OptionRule::Everywhere, takeRoot,
         "the folder that stands for the device's file system" },
     { "--size", "WxH", OptionRule::WithPhone, takeSize, "the window in points (375x667)" },
-    { "--scale", "N", OptionRule::WithPhone, takeScale, "pixels a point: 1, 2 or 3 (2)" },
+    { "--scale", "N", OptionRule::WithPhone, takeScale,
+        "pixels a point: 1, 2 or 3 (2; in a window, its screen's)" },
     { "--locale", "NAME", OptionRule::WithPhone, takeLocale, "as en_US or ar_EG (the environment's)" },
     { "--timezone", "NAME", OptionRule::Everywhere, takeTimeZone, "as Europe/Berlin (the system's)" },
     { "--now", "TIME", OptionRule::WithPhone, takeNow, "the clock stands still at this instant, ISO 8601" },

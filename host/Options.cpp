@@ -23,6 +23,7 @@ struct SubCommand {
 
 constexpr SubCommand subCommands[] = {
     { "drive", Mode::Drive },
+    { "gallery", Mode::Gallery },
     { "observe", Mode::Observe },
 };
 
@@ -121,9 +122,10 @@ private:
 
     void takeScript(const std::string& word)
     {
-        if (_command == Mode::Window && isSubCommand(word))
+        const auto opensWindow = _command == Mode::Window || _command == Mode::Gallery;
+        if (opensWindow && isSubCommand(word))
             _error = word + " must be the first word.";
-        else if (_command == Mode::Window)
+        else if (opensWindow)
             _error = "There is no command " + quoted(word) + "; --help lists them.";
         else if (_command == Mode::Observe)
             _error = "observe takes no further word than its options, but there is " + quoted(word) + ".";
@@ -177,6 +179,7 @@ std::string helpText()
     std::string text = "vekora [options]                    open the window\n"
                        "vekora drive [options] [SCRIPT|-]   let a script drive the pane (docs/driver.md)\n"
                        "vekora observe [options]            print each change of the preferences\n"
+                       "vekora gallery [options]            show every picker and gradient view\n"
                        "\n";
     constexpr std::size_t column = 20;
     for (const auto& rule : optionRules()) {

@@ -10,11 +10,12 @@ namespace host {
 
 /// What the command line asks for.
 struct Options {
-    enum class Mode { Window, Drive, Observe, Help, Version };
+    enum class Mode { Window, Drive, Observe, Gallery, Help, Version };
 
     Mode mode = Mode::Window;
     /// With `root`, `locale` and `timeZone` filled in; `now` is known to be an instant of `Instant.h`.
     PhoneOptions phone;
+    bool scaleIsGiven = false; ///< Otherwise a window takes its screen's.
     bool keepGoing = false; ///< Of `drive`: go on after a command that failed.
     std::string script = "-"; ///< Of `drive`: a file, or "-" for standard input.
 };

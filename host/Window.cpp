@@ -5,6 +5,7 @@
 #include "platform/FSSwitchPanel.h"
 #include "platform/Journal.h"
 #include "platform/qt/NotifyCenter.h"
+#include "WithoutDisplay.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -13,6 +14,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -119,7 +122,7 @@ int writePictures(Phone& phone)
 {
     const auto folder = std::filesystem::current_path() / pictureFolder;
     const auto files = writePicturesOfEveryPage(phone, folder);
-    std::printf("There is no display. Pictures of %zu pages are in %s:\n", files.size(), folder.c_str());
+    std::printf("There is no display. A picture of every page is in %s:\n", folder.c_str());
     for (const auto& file : files)
         std::printf("  %s\n", file.filename().c_str());
     return 0;
@@ -127,14 +130,15 @@ int writePictures(Phone& phone)
 
 }
 
-int runWindow(int argc, char** argv, const PhoneOptions& options)
+int runWindow(int argc, char** argv, PhoneOptions options, Scale scale)
 {
     const auto onScreen = hasDisplay();
-    if (!onScreen)
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    const auto application
+        = onScreen ? std::make_unique<QApplication>(argc, argv) : applicationWithoutDisplay(options.root);
     QApplication::setApplicationDisplayName(QStringLiteral("Settings"));
 
+    if (onScreen && scale == Scale::OfTheScreen)
+        options.scale = std::clamp(static_cast<int>(std::lround(application->devicePixelRatio())), 1, 3);
     Phone phone(options);
     const auto error = phone.openBundle();
     if (error)

@@ -1,4 +1,5 @@
 #include "driver/Drive.h"
+#include "Installation.h"
 #include "observe/Observe.h"
 #include "Options.h"
 #include "Window.h"
@@ -25,10 +26,15 @@ int run(int argc, char** argv, const host::Options& options)
     case Mode::Version:
         std::puts("vekora " VEKORA_VERSION);
         return 0;
+    case Mode::Gallery:
     case Mode::Window:
         break;
     }
-    return host::runWindow(argc, argv, options.phone);
+    auto phone = options.phone;
+    if (options.mode == Mode::Gallery)
+        phone.bundle = host::InstallationSources::ofThisBuild().gallery;
+    return host::runWindow(
+        argc, argv, phone, options.scaleIsGiven ? host::Scale::AsGiven : host::Scale::OfTheScreen);
 }
 
 int fail(const char* sentence)

@@ -2,20 +2,21 @@
 
 #include "AnswerOutput.h"
 #include "Driver.h"
+#include "host/WithoutDisplay.h"
 #include "Json.h"
 #include "LineReader.h"
 #include "platform/qt/NotifyCenter.h"
 #include "ScriptParser.h"
 
-#include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <future>
-#include <QApplication>
 
 namespace host {
 
 namespace {
+
+constexpr int cannotBegin = 2;
 
 std::optional<QJsonObject> answerTo(Driver& driver, LineReader::Result kind, const std::string& line)
 {
@@ -48,13 +49,6 @@ int carryOutAll(Driver& driver, LineReader& script, const AnswerOutput& output, 
     }
 }
 
-/// While the application starts it looks for displays, and warns of folders that are not there for them.
-void passOnErrors(QtMsgType type, const QMessageLogContext&, const QString& text)
-{
-    if (type == QtCriticalMsg || type == QtFatalMsg)
-        std::fprintf(stderr, "%s\n", qPrintable(text));
-}
-
 }
 
 int runDrive(const Options& options)
@@ -64,22 +58,16 @@ int runDrive(const Options& options)
     const AnswerOutput output;
     LineReader script(options.script);
 
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const auto usual = qInstallMessageHandler(passOnErrors);
-    char name[] = "vekora";
-    char* arguments[] = { name, nullptr };
-    int count = 1;
-    const QApplication application(count, arguments);
-    qInstallMessageHandler(usual);
-    // The application has taken the environment's; numbers in files have a point in every country.
-    std::setlocale(LC_NUMERIC, "C");
+    const auto application = applicationWithoutDisplay(options.phone.root);
 
     // The bus may take its time, as may the bundle.
     auto bus = std::async(std::launch::async, platform::sessionBusIsAvailable);
     Phone phone(options.phone);
     Driver driver(phone);
-    if (const auto error = phone.openBundle())
+    if (const auto error = phone.openBundle()) {
         std::fprintf(stderr, "%s\n", error->c_str());
+        return cannotBegin;
+    }
     if (!bus.get())
         std::fputs("There is no session bus: nobody else hears the notifications.\n", stderr);
     phone.settle();
