@@ -141,6 +141,15 @@ std::optional<char32_t> takeCharacter(std::string_view utf8, std::size_t& place)
     return std::nullopt;
 }
 
+/// The words of the part of a line that can be read; one that may go on behind it is no whole word.
+std::vector<std::string> wholeWords(std::string_view beginning)
+{
+    auto split = Splitter(beginning).split();
+    if (split.error.empty() && !split.words.empty() && !isBlank(beginning.back()))
+        split.words.pop_back();
+    return std::move(split.words);
+}
+
 }
 
 ScriptLine splitScriptLine(std::string_view line)
@@ -148,11 +157,14 @@ ScriptLine splitScriptLine(std::string_view line)
     const auto begin = line.find_first_not_of(blanks);
     if (begin == std::string_view::npos || line[begin] == '#')
         return {};
-    if (line.find('\0') != std::string_view::npos)
-        return { {}, "The line holds a NUL byte." };
-    std::vector<char32_t> characters;
-    if (!readCharacters(line, characters))
-        return { {}, "The line is not UTF-8." };
+    for (std::size_t place = 0; place < line.size();) {
+        const auto before = place;
+        const auto character = takeCharacter(line, place);
+        if (!character)
+            return { wholeWords(line.substr(0, before)), "The line is not UTF-8." };
+        if (*character == 0)
+            return { wholeWords(line.substr(0, before)), "The line holds a NUL byte." };
+    }
     return Splitter(line).split();
 }
 

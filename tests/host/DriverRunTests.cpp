@@ -84,6 +84,7 @@ TEST_F(DriverRun, TakesALineThatCannotBeSplitForAFailure)
     EXPECT_EQ(answers[2]["do"], "PAGE\x01");
     EXPECT_EQ(answers[3]["do"], "");
     EXPECT_EQ(answers[4]["error"], "The line holds a NUL byte.");
+    EXPECT_EQ(answers[5]["do"], "type");
     EXPECT_EQ(answers[5]["error"], "The line is not UTF-8.");
     for (int i = 0; i < 6; ++i)
         EXPECT_EQ(answers[i]["ok"], false) << i;

@@ -205,6 +205,19 @@ TEST(MainPage, ATextBelowTheScreenIsScrolledTo)
     EXPECT_GT(ask.ok("scroll 0")["offset"].toDouble(), 0);
 }
 
+TEST(MainPage, AnswersAsTheDocumentationShows)
+{
+    const auto page = QString::fromStdString(readTestFile(DRIVER_PAGE));
+    const auto lines
+        = page.section("Open the colour page and come back:", 1).section("Suppress alarms", 0, 0);
+    Conversation ask(own());
+    QStringList answers;
+    for (const char* command : { "tap \"Button Color\"", "page", "back" })
+        answers << "    " + compact(ask.ok(command));
+    EXPECT_TRUE(lines.contains("printf 'tap \"Button Color\"\\npage\\nback\\n'"));
+    EXPECT_EQ(lines.trimmed().section('\n', 1), answers.join('\n'));
+}
+
 TEST(MainPage, RunsFromRightToLeftWhereTheLanguageDoes)
 {
     Conversation ask(own({ "--locale", "ar_EG" }));

@@ -105,6 +105,14 @@ TEST(ScriptParser, RefusesNulBytesAndWhatIsNotUtf8)
         EXPECT_EQ(splitScriptLine(line).error, "The line is not UTF-8.") << line;
 }
 
+TEST(ScriptParser, KeepsTheWordsBeforeWhatCannotBeRead)
+{
+    EXPECT_EQ(splitScriptLine("type 'a b' c\xFF").words, (Words { "type", "a b" }));
+    EXPECT_EQ(splitScriptLine("type \"a b\xFF\"").words, (Words { "type" }));
+    EXPECT_EQ(splitScriptLine(std::string_view("type \0", 6)).words, (Words { "type" }));
+    EXPECT_EQ(splitScriptLine(std::string_view("type\0", 5)).words, Words {});
+}
+
 TEST(ScriptParser, ReadsDecimalNumbers)
 {
     const std::pair<const char*, double> numbers[] = { { "0", 0 }, { "10", 10 }, { "10.25", 10.25 },
