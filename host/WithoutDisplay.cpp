@@ -33,10 +33,8 @@ std::unique_ptr<QApplication> applicationWithoutDisplay(const std::filesystem::p
     static char* arguments[] = { name, nullptr };
     static int count = 1;
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // While it looks for a display server's socket, the toolkit would make a folder for sockets where none is
-    // named.
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
-        qputenv("XDG_RUNTIME_DIR", "/");
+        useSocketFolder(root / "private/var/run");
     const auto usual = qInstallMessageHandler(passOnErrors);
     auto application = std::make_unique<QApplication>(count, arguments);
     qInstallMessageHandler(usual);
