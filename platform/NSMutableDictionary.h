@@ -24,8 +24,10 @@ public:
     void setValueForKey(std::optional<PropertyValue>, std::string_view key);
     void removeObjectForKey(std::string_view key);
 
-    /// Writes XML. With `atomically`, the file is replaced as one step or left as it was; an existing file's
-    /// mode is kept. False when it could not be written; the old file is then still there, whole.
+    /// Writes XML. The file is replaced as one step or left as it was, here also without `atomically`; an
+    /// existing file's mode is kept, and a link is itself replaced. False when it could not be written, or
+    /// holds what XML cannot: control characters, texts that are no UTF-8, dates outside the years 0 to 9999.
+    /// The old file is then still there, whole.
     bool writeToFileAtomically(std::string_view devicePath, bool atomically) const;
 
     const PropertyList& entries() const { return _entries; }

@@ -212,7 +212,7 @@ bool Replacement::publishByExchange()
         errno = reason;
         return false;
     }
-    // The new file is safe, and its rival is taken away; a failure to do so is none of the save.
+    // The new file is safe. Should the old one not go now, the next save takes it away.
     if (isNamed(_oldFile, _temporaryName) && remove(_temporaryName)) {
         _temporaryName.clear();
         return true;

@@ -78,7 +78,13 @@ private:
     QByteArray _before;
 };
 
-TEST(Notifications, ReachEveryListenerByName)
+/// There is no bus but those that a test starts itself.
+class Notifications : public testing::Test {
+protected:
+    Notifications() { qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:"); }
+};
+
+TEST_F(Notifications, ReachEveryListenerByName)
 {
     const PrivateBus bus;
     Ear one;
@@ -92,7 +98,7 @@ TEST(Notifications, ReachEveryListenerByName)
     EXPECT_EQ(other.waitFor(2), expected);
 }
 
-TEST(Notifications, AreAllDeliveredInOrder)
+TEST_F(Notifications, AreAllDeliveredInOrder)
 {
     const PrivateBus bus;
     Ear ear;
@@ -104,7 +110,7 @@ TEST(Notifications, AreAllDeliveredInOrder)
     EXPECT_EQ(ear.waitFor(expected.size()), expected);
 }
 
-TEST(Notifications, AreOrdinarySignalsOnTheBus)
+TEST_F(Notifications, AreOrdinarySignalsOnTheBus)
 {
     const PrivateBus bus;
     const TemporaryFolder folder;
@@ -136,7 +142,7 @@ TEST(Notifications, AreOrdinarySignalsOnTheBus)
     ::waitpid(monitor, nullptr, 0);
 }
 
-TEST(Notifications, AreDeliveredByAProcessThatEndsAtOnce)
+TEST_F(Notifications, AreDeliveredByAProcessThatEndsAtOnce)
 {
     const PrivateBus bus;
     Ear ear;
@@ -151,7 +157,7 @@ TEST(Notifications, AreDeliveredByAProcessThatEndsAtOnce)
     EXPECT_EQ(ear.waitFor(1), std::vector<std::string> { "last words" });
 }
 
-TEST(Notifications, FindABusThatComesLater)
+TEST_F(Notifications, FindABusThatComesLater)
 {
     post("nobody hears this");
     flushNotifications();
@@ -163,7 +169,7 @@ TEST(Notifications, FindABusThatComesLater)
     EXPECT_EQ(ear.waitFor(1), std::vector<std::string> { "now" });
 }
 
-TEST(Notifications, FindTheNextBusWhenOneIsGone)
+TEST_F(Notifications, FindTheNextBusWhenOneIsGone)
 {
     {
         const PrivateBus bus;
@@ -178,7 +184,7 @@ TEST(Notifications, FindTheNextBusWhenOneIsGone)
     EXPECT_EQ(ear.waitFor(1), std::vector<std::string> { "on the second" });
 }
 
-TEST(Notifications, AreNothingWithoutABus)
+TEST_F(Notifications, AreNothingWithoutABus)
 {
     post("nobody hears this");
     flushNotifications();
@@ -187,7 +193,7 @@ TEST(Notifications, AreNothingWithoutABus)
     EXPECT_FALSE(ear.isListening());
 }
 
-TEST(Notifications, WithoutANameAreIgnored)
+TEST_F(Notifications, WithoutANameAreIgnored)
 {
     std::vector<std::string> names;
     const auto listener
@@ -198,7 +204,7 @@ TEST(Notifications, WithoutANameAreIgnored)
     EXPECT_EQ(names, std::vector<std::string> { "a name" });
 }
 
-TEST(Notifications, AreRecordedEachTimeWithABusOrWithout)
+TEST_F(Notifications, AreRecordedEachTimeWithABusOrWithout)
 {
     std::vector<JournalEntry::Kind> kinds;
     const auto listener
@@ -209,7 +215,7 @@ TEST(Notifications, AreRecordedEachTimeWithABusOrWithout)
     EXPECT_EQ(kinds, (std::vector { JournalEntry::Kind::Notification, JournalEntry::Kind::Notification }));
 }
 
-TEST(Notifications, NeverWaitForABusThatHangs)
+TEST_F(Notifications, NeverWaitForABusThatHangs)
 {
     flushNotifications();
     const SilentBus bus;
