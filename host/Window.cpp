@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -38,7 +39,13 @@ bool hasDisplay()
     return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
 }
 
-QString toggleText()
+QString toggleText(bool isOn)
+{
+    return isOn ? QStringLiteral("Companion toggle: on") : QStringLiteral("Companion toggle: off");
+}
+
+/// Empty while no toggle is installed.
+QString presentToggleText()
 {
     const auto* const panelClass = NSClassFromString("FSSwitchPanel");
     const auto shared = panelClass ? panelClass->performSelector("sharedPanel") : Argument();
@@ -48,8 +55,7 @@ QString toggleText()
     const auto answer
         = (*panel)->performSelector("stateForSwitchIdentifier:", { PropertyValue(toggleIdentifier) });
     const auto* const state = std::get_if<PropertyValue>(&answer);
-    return state && state->boolValue() ? QStringLiteral("Companion toggle: on")
-                                       : QStringLiteral("Companion toggle: off");
+    return toggleText(state && state->boolValue());
 }
 
 QString textFor(const JournalEntry& entry)
@@ -72,13 +78,46 @@ QString textFor(const JournalEntry& entry)
     return {};
 }
 
+/// A line of text that ends in an ellipsis where there is no room for it.
+class Line final : public QWidget {
+public:
+    explicit Line(QWidget* parent)
+        : QWidget(parent)
+    {
+        QFont font(QStringLiteral("Inter"));
+        font.setPixelSize(12);
+        setFont(font);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    }
+    void setText(const QString& text)
+    {
+        _text = text;
+        setToolTip(text);
+        update();
+    }
+    QSize sizeHint() const override
+    {
+        return { fontMetrics().horizontalAdvance(_text), fontMetrics().height() + 2 };
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.drawText(rect(), Qt::AlignVCenter, fontMetrics().elidedText(_text, Qt::ElideMiddle, width()));
+    }
+
+private:
+    QString _text;
+};
+
 /// The phone, and below it one line: what it told the rest of the system last, and the companion toggle's
 /// state.
 class MainWindow final : public QWidget {
 public:
     explicit MainWindow(Phone& phone)
         : _view(new PhoneView(phone, this))
-        , _last(new QLabel(this))
+        , _last(new Line(this))
         , _toggle(new QLabel(this))
     {
         auto* const line = new QHBoxLayout;
@@ -90,23 +129,23 @@ public:
         column->setSpacing(0);
         column->addWidget(_view, 1);
         column->addLayout(line);
-        _last->setMinimumWidth(0);
-        _last->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        line->setSpacing(12);
+        _toggle->setFont(_last->font());
         _last->setText(QStringLiteral("Nothing written or posted yet"));
-        _toggle->setText(toggleText());
+        _toggle->setText(presentToggleText());
         _view->setFocus();
         _listener = Journal::shared().listen([this](const JournalEntry& entry) {
             if (const auto text = textFor(entry); !text.isEmpty())
                 _last->setText(text);
             if (entry.kind == JournalEntry::Kind::Toggle)
-                _toggle->setText(toggleText());
+                _toggle->setText(toggleText(entry.state != 0));
         });
     }
     ~MainWindow() override { Journal::shared().stop(_listener); }
 
 private:
     PhoneView* _view;
-    QLabel* _last;
+    Line* _last;
     QLabel* _toggle;
     int _listener = 0;
 };
