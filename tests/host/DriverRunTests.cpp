@@ -168,15 +168,16 @@ TEST_F(DriverRun, SaysOnceThatThereIsNoBusAndNothingElse)
     EXPECT_TRUE(run.errors.contains("session bus"));
 }
 
-TEST_F(DriverRun, ShowsAnErrorPageForABundleThatCannotBeLoaded)
+TEST_F(DriverRun, EndsWithStatusTwoWhenTheBundleCannotBeLoaded)
 {
     std::filesystem::create_directories(folder.path() / "Broken.bundle");
-    const auto run
-        = runHost({ "drive", "--root", path("root"), "--bundle", path("Broken.bundle") }, "page\ntree\n");
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.answers()[0]["depth"], 1);
-    EXPECT_TRUE(run.errors.contains("Info.plist")) << run.errors.toStdString();
-    EXPECT_TRUE(run.output.contains("Info.plist"));
+    for (const char* bundle : { "Broken.bundle", "Missing.bundle" }) {
+        const auto run = runHost({ "drive", "--root", path("root"), "--bundle", path(bundle) }, "page\n");
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(run.errors.count('\n'), 1) << run.errors.toStdString();
+        EXPECT_TRUE(run.errors.contains(bundle)) << run.errors.toStdString();
+    }
 }
 
 TEST_F(DriverRun, EndsWithStatusTwoWhenNobodyTakesTheAnswers)

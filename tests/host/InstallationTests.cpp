@@ -27,6 +27,7 @@ struct InstallationTest : testing::Test {
             .bundle = build / "Vekora.bundle",
             .loaderEntry = build / "entry/Vekora.plist",
             .toggle = build / "toggle.so",
+            .gallery = {},
         };
     }
 

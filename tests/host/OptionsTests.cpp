@@ -49,6 +49,7 @@ TEST(Options, ChoosesTheSubCommandByTheFirstWord)
     EXPECT_EQ(options({}).mode, Mode::Window);
     EXPECT_EQ(options({ "drive" }).mode, Mode::Drive);
     EXPECT_EQ(options({ "observe" }).mode, Mode::Observe);
+    EXPECT_EQ(options({ "gallery" }).mode, Mode::Gallery);
     EXPECT_EQ(options({ "--help" }).mode, Mode::Help);
     EXPECT_EQ(options({ "drive", "--help" }).mode, Mode::Help);
     EXPECT_EQ(options({ "--version" }).mode, Mode::Version);
@@ -106,6 +107,12 @@ TEST(Options, TakesOptionsAfterTheScriptToo)
     const auto both = options({ "drive", "-", "--keep-going" });
     EXPECT_EQ(both.script, "-");
     EXPECT_TRUE(both.keepGoing);
+}
+
+TEST(Options, KnowsWhetherTheScaleWasGiven)
+{
+    EXPECT_FALSE(options({}).scaleIsGiven);
+    EXPECT_TRUE(options({ "--scale", "2" }).scaleIsGiven);
 }
 
 TEST(Options, TakesAnyWordAfterTwoDashesAsTheScript)
