@@ -45,8 +45,8 @@ InstallationSources InstallationSources::ofThisBuild()
     return {
         .bundle = build / "Vekora.bundle",
         .loaderEntry = build / "loader/Vekora.plist",
-        .gallery = build / "Gallery.bundle",
         .toggle = build / "lib/Flipswitch.dylib",
+        .gallery = build / "Gallery.bundle",
     };
 }
 

@@ -10,8 +10,8 @@ namespace host {
 struct InstallationSources {
     std::filesystem::path bundle; ///< The folder Vekora.bundle.
     std::filesystem::path loaderEntry; ///< Its entry in the list of settings.
-    std::filesystem::path gallery; ///< The folder Gallery.bundle.
     std::filesystem::path toggle; ///< The stand-in toggle framework's module.
+    std::filesystem::path gallery {}; ///< The folder Gallery.bundle.
 
     /// As the build lays them out beside the running program.
     static InstallationSources ofThisBuild();
