@@ -26,8 +26,8 @@ struct InstallationTest : testing::Test {
         return {
             .bundle = build / "Vekora.bundle",
             .loaderEntry = build / "entry/Vekora.plist",
-            .toggle = build / "toggle.so",
             .gallery = {},
+            .toggle = build / "toggle.so",
         };
     }
 
