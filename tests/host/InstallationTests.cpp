@@ -26,7 +26,6 @@ struct InstallationTest : testing::Test {
         return {
             .bundle = build / "Vekora.bundle",
             .loaderEntry = build / "entry/Vekora.plist",
-            .gallery = {},
             .toggle = build / "toggle.so",
         };
     }
