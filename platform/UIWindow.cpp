@@ -99,7 +99,9 @@ void UIWindow::touchBegan(CGPoint location, double timestamp)
     auto* const hit = hitTestWithEvent(location, nullptr);
     if (!hit)
         return;
-    const auto view = std::dynamic_pointer_cast<UIView>(hit->weak_from_this().lock());
+    // A touch keeps its view alive, but the window, which keeps the touch, not itself.
+    const auto view = hit == this ? Ref<UIView>(Ref<UIView>(), this)
+                                  : std::dynamic_pointer_cast<UIView>(hit->weak_from_this().lock());
     if (!view)
         return;
     own.lastLocation = location;
