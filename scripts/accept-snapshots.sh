@@ -3,6 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/setup.sh
+mkdir -p tests/snapshots
 build_preset asan
 for program in picker_tests driver_tests; do
     QT_QPA_PLATFORM=offscreen VEKORA_ACCEPT_SNAPSHOTS=1 "build/asan/bin/$program" --gtest_brief=1 --gtest_filter='*Snapshots*'
