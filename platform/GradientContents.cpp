@@ -1,6 +1,7 @@
 #include "GradientContents.h"
 
 #include "GradientPixel.h"
+#include "OuterProduct.h"
 
 #include <algorithm>
 
@@ -36,10 +37,34 @@ private:
     bool _isOpaque;
 };
 
+/// A row and a column multiplied.
+class OuterProductContents final : public LayerContents {
+public:
+    OuterProductContents(GradientRecording recording, OuterProduct product)
+        : LayerContents(recording.width, recording.height)
+        , _recording(std::move(recording))
+        , _product(std::move(product))
+    {
+    }
+
+    bool isOpaque() const override { return true; }
+
+    void read(PixelRect part, std::uint32_t* target, std::ptrdiff_t stride) const override
+    {
+        _product.read(_recording, part, target, stride);
+    }
+
+private:
+    GradientRecording _recording;
+    OuterProduct _product;
+};
+
 }
 
 std::shared_ptr<const LayerContents> contentsFromRecording(GradientRecording recording)
 {
+    if (auto product = OuterProduct::of(recording))
+        return std::make_shared<OuterProductContents>(std::move(recording), std::move(*product));
     return std::make_shared<GradientContents>(std::move(recording));
 }
 
