@@ -64,7 +64,8 @@ void storedRowEdit(benchmark::State& state)
         list.setObjectForKey(++minutes % 100, "disableForMinutes");
         if (!list.writeToFileAtomically(path, true))
             state.SkipWithError("the edit was not stored");
-        CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), notification);
+        CFNotificationCenterPostNotification(
+            CFNotificationCenterGetDarwinNotifyCenter(), notification, nullptr, nullptr, true);
     }
     flushNotifications();
 }

@@ -219,7 +219,8 @@ void VKColorCell::saveChanges()
         }
     }
     if (PostNotification) {
-        CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), *PostNotification);
+        CFNotificationCenterPostNotification(
+            CFNotificationCenterGetDarwinNotifyCenter(), *PostNotification, nullptr, nullptr, true);
     }
 }
 

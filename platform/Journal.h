@@ -14,7 +14,8 @@ struct JournalEntry {
         Action, ///< `name` is the selector, `detail` the target's class.
         Paint, ///< `name` is the class whose `drawRect` ran.
         Write, ///< `name` is the device's path, below /private/var where it lies there; `succeeded` tells.
-        Notification, ///< `name` was posted.
+        Notification, ///< `name` was posted; `detail` lists what came along: "object", "user info",
+                      ///< "immediately".
         Toggle, ///< The switch `name` was set to `state`.
     };
 

@@ -200,8 +200,8 @@ void PSListController::setPreferenceValueSpecifier(std::optional<PropertyValue> 
         stored.setValueForKey(std::move(value), key);
         static_cast<void>(stored.writeToFileAtomically(path, true));
     }
-    CFNotificationCenterPostNotification(
-        CFNotificationCenterGetDarwinNotifyCenter(), specifier->textForKey("PostNotification"));
+    CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(),
+        specifier->textForKey("PostNotification"), nullptr, nullptr, true);
 }
 
 std::optional<PropertyValue> PSListController::readPreferenceValue(PSSpecifier* specifier)

@@ -44,7 +44,8 @@ void seedOnFirstRun(NSMutableDictionary& preferences)
 
 void postPreferencesChanged()
 {
-    CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), changeNotification);
+    CFNotificationCenterPostNotification(
+        CFNotificationCenterGetDarwinNotifyCenter(), changeNotification, nullptr, nullptr, true);
 }
 
 bool companionToggleIsPresent()

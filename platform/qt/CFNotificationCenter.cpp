@@ -123,6 +123,21 @@ void Poster::run()
 
 }
 
+namespace {
+
+std::string describe(bool hasObject, bool hasUserInfo, bool immediately)
+{
+    std::string text;
+    for (const auto& [isThere, word] : { std::pair(hasObject, "object"), std::pair(hasUserInfo, "user info"),
+             std::pair(immediately, "immediately") }) {
+        if (isThere)
+            text += (text.empty() ? "" : ", ") + std::string(word);
+    }
+    return text;
+}
+
+}
+
 class CFNotificationCenter { };
 
 CFNotificationCenter& CFNotificationCenterGetDarwinNotifyCenter()
@@ -131,11 +146,18 @@ CFNotificationCenter& CFNotificationCenterGetDarwinNotifyCenter()
     return center;
 }
 
-void CFNotificationCenterPostNotification(CFNotificationCenter&, std::string_view name)
+void CFNotificationCenterPostNotification(CFNotificationCenter&, std::string_view name,
+    const NSObject* object, const PropertyList* userInfo, bool deliverImmediately)
 {
     if (name.empty())
         return;
-    Journal::shared().record({ .kind = JournalEntry::Kind::Notification, .name = std::string(name) });
+    if (const auto& journal = Journal::shared(); journal.isHeard()) {
+        journal.record({
+            .kind = JournalEntry::Kind::Notification,
+            .name = std::string(name),
+            .detail = describe(object, userInfo, deliverImmediately),
+        });
+    }
     Poster::shared().post(name);
 }
 

@@ -15,7 +15,8 @@ ColorCellTest::ColorCellTest()
         if (entry.kind == JournalEntry::Kind::Write)
             _events.push_back((entry.succeeded ? "write " : "failed write ") + entry.name);
         else if (entry.kind == JournalEntry::Kind::Notification)
-            _events.push_back("post " + entry.name);
+            _events.push_back(
+                "post " + entry.name + (entry.detail == "immediately" ? "" : " with [" + entry.detail + "]"));
     }))
 {
     Device::current() = Device();

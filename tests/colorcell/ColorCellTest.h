@@ -65,7 +65,8 @@ protected:
     platform::UIAlertView& alert();
     void answer(std::string_view button, std::optional<std::string> text = std::nullopt);
 
-    /// "write PATH" and "post NAME" since the last call, in order.
+    /// "write PATH" and "post NAME" since the last call, in order. A post is bare and immediate, else it says
+    /// what it is.
     std::vector<std::string> events();
 
     platform::Ref<platform::PSSpecifier> row;

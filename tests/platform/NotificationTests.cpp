@@ -1,6 +1,7 @@
 #include "platform/CFNotificationCenter.h"
 #include "platform/Journal.h"
 #include "platform/qt/NotifyCenter.h"
+#include "platform/Runtime.h"
 #include "PrivateBus.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +20,8 @@ constexpr std::chrono::seconds longEnough { 20 };
 
 void post(std::string_view name)
 {
-    CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), name);
+    CFNotificationCenterPostNotification(
+        CFNotificationCenterGetDarwinNotifyCenter(), name, nullptr, nullptr, true);
 }
 
 /// Everything a listener hears.
@@ -213,6 +215,23 @@ TEST_F(Notifications, AreRecordedEachTimeWithABusOrWithout)
     post("one");
     Journal::shared().stop(listener);
     EXPECT_EQ(kinds, (std::vector { JournalEntry::Kind::Notification, JournalEntry::Kind::Notification }));
+}
+
+TEST_F(Notifications, AreRecordedWithWhatTheCentreIgnores)
+{
+    std::vector<std::string> details;
+    const auto listener
+        = Journal::shared().listen([&](const JournalEntry& entry) { details.push_back(entry.detail); });
+    auto& center = CFNotificationCenterGetDarwinNotifyCenter();
+    const NSObject object;
+    const PropertyList userInfo;
+    CFNotificationCenterPostNotification(center, "name", nullptr, nullptr, true);
+    CFNotificationCenterPostNotification(center, "name", nullptr, nullptr, false);
+    CFNotificationCenterPostNotification(center, "name", &object, nullptr, false);
+    CFNotificationCenterPostNotification(center, "name", &object, &userInfo, true);
+    Journal::shared().stop(listener);
+    EXPECT_EQ(details,
+        (std::vector<std::string> { "immediately", "", "object", "object, user info, immediately" }));
 }
 
 TEST_F(Notifications, NeverWaitForABusThatHangs)

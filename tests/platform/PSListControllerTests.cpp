@@ -556,14 +556,14 @@ TEST_F(ListControllerTest, StoresByDefaultInTheRowsFileAndPosts)
     std::vector<std::string> posted;
     const int listener = Journal::shared().listen([&](const JournalEntry& entry) {
         if (entry.kind == JournalEntry::Kind::Notification)
-            posted.push_back(entry.name);
+            posted.push_back(entry.name + " " + entry.detail);
     });
     EXPECT_EQ(row->performGetter(), PropertyValue("the default"));
     row->performSetterWithValue(true);
     EXPECT_EQ(row->performGetter(), PropertyValue(true));
     EXPECT_NE(readFile("/var/mobile/Library/Preferences/net.test.plist").find("<key>theKey</key>"),
         std::string::npos);
-    EXPECT_EQ(posted, (std::vector<std::string> { "net.test/changed" }));
+    EXPECT_EQ(posted, (std::vector<std::string> { "net.test/changed immediately" }));
     row->removePropertyForKey("PostNotification");
     row->performSetterWithValue(false);
     EXPECT_EQ(posted.size(), 1u);

@@ -7,7 +7,7 @@ int main(int argc, char** argv)
     if (argc != 2)
         return 2;
     platform::CFNotificationCenterPostNotification(
-        platform::CFNotificationCenterGetDarwinNotifyCenter(), argv[1]);
+        platform::CFNotificationCenterGetDarwinNotifyCenter(), argv[1], nullptr, nullptr, true);
     platform::flushNotifications();
     return 0;
 }

@@ -34,7 +34,9 @@ std::string describe(const JournalEntry& entry)
     case JournalEntry::Kind::Write:
         return entry.name == vekora::preferencesPath ? "write" : "write " + entry.name;
     case JournalEntry::Kind::Notification:
-        return entry.name == "net.morvane.vekora/preferences" ? "notification" : "notification " + entry.name;
+        return (entry.name == "net.morvane.vekora/preferences" ? "notification"
+                                                               : "notification " + entry.name)
+            + (entry.detail == "immediately" ? "" : " with [" + entry.detail + "]");
     case JournalEntry::Kind::Toggle:
         return (entry.name == "net.morvane.vekorafs" ? "toggle " : "toggle " + entry.name + " ")
             + (entry.state == 1        ? "on"

@@ -33,7 +33,8 @@ protected:
     void setClock(double secondsSince1970);
     void setPlace(const std::string& locale, const std::string& timeZone);
 
-    /// What has happened since the last call, in order: "write", "toggle off", "notification".
+    /// What has happened since the last call, in order: "write", "toggle off", "notification". The latter is
+    /// bare and immediate, else it says what it is.
     std::vector<std::string> takeEvents();
     /// Called before each of these is noted.
     std::function<void(const std::string&)> whenSomethingHappens;
