@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace platform {
 
@@ -35,6 +36,61 @@ void subtract(PixelRect rect, PixelRect hole, std::vector<PixelRect>& pieces)
 bool isOpaque(std::uint32_t pixel)
 {
     return pixel >> 24U == 255U;
+}
+
+// Four pixels, and their eight channels of one kind in 16 bits each, which is what a product of two bytes
+// needs.
+using FourPixels [[gnu::vector_size(16)]] = std::uint32_t;
+using EightChannels [[gnu::vector_size(16)]] = std::uint16_t;
+
+FourPixels load(const std::uint32_t* pixels)
+{
+    FourPixels four;
+    std::memcpy(&four, pixels, sizeof four);
+    return four;
+}
+
+// `blendedPixel` of four.
+void blendFour(FourPixels source, std::uint32_t* target)
+{
+    FourPixels rest = 255U - (source >> 24U);
+    rest |= rest << 16U;
+    const auto factor = reinterpret_cast<EightChannels>(rest);
+    const auto scaled = [factor](EightChannels channels) {
+        const EightChannels product = channels * factor + 128;
+        return (product + (product >> 8)) >> 8;
+    };
+    const auto channels = reinterpret_cast<EightChannels>(load(target));
+    const EightChannels mixed = scaled(channels & 255) | scaled(channels >> 8) << 8;
+    const FourPixels result = reinterpret_cast<FourPixels>(mixed) + source;
+    std::memcpy(target, &result, sizeof result);
+}
+
+// One colour over a row.
+void fillPixels(std::uint32_t* target, std::uint32_t color, int count)
+{
+    if (isOpaque(color)) {
+        std::fill_n(target, count, color);
+        return;
+    }
+    const FourPixels four = { color, color, color, color };
+    int index = 0;
+    for (; index + 4 <= count; index += 4)
+        blendFour(four, target + index);
+    for (; index < count; ++index)
+        target[index] = blendedPixel(color, target[index]);
+}
+
+void blendPixels(std::uint32_t* target, const std::uint32_t* source, int count)
+{
+    int index = 0;
+    for (; index + 4 <= count; index += 4) {
+        const auto four = load(source + index);
+        if (four[0] | four[1] | four[2] | four[3]) // Most of a text is nothing at all.
+            blendFour(four, target + index);
+    }
+    for (; index < count; ++index)
+        target[index] = blendedPixel(source[index], target[index]);
 }
 
 // Contents of nearly the size of what they fill are not stretched: places between pixels round differently.
@@ -205,8 +261,8 @@ void Compositor::paint(const Item& item, PixelRect part)
         const auto solid = item.shape.solidBand();
         for (int y = part.y; y < part.bottom(); ++y) {
             const auto plain = y >= solid.y && y < solid.bottom();
-            if (plain && isOpaque(item.color) && isUnmasked({ part.x, y, part.width, 1 }, item.mask))
-                std::fill_n(targetRow(y, part.x), part.width, item.color);
+            if (plain && isUnmasked({ part.x, y, part.width, 1 }, item.mask))
+                fillPixels(targetRow(y, part.x), item.color, part.width);
             else
                 blendRow(y, part.x, _row.size(), _row.data(), plain ? nullptr : &item.shape, item.mask);
         }
@@ -226,19 +282,34 @@ void Compositor::paint(const Item& item, PixelRect part)
 void Compositor::blendRow(
     int y, int x, std::size_t count, const std::uint32_t* source, const RoundedRect* shape, int mask)
 {
+    // Corners leave the middle of a row as it is; only what lies beside it is blended by coverage.
+    const auto end = x + static_cast<int>(count);
+    PixelRect plain { x, y, end - x, 1 };
+    if (shape)
+        plain = plain.intersected(shape->solidColumns(y));
+    for (auto outer = mask; outer >= 0; outer = _masks[static_cast<std::size_t>(outer)].outer)
+        plain = plain.intersected(_masks[static_cast<std::size_t>(outer)].shape.solidColumns(y));
+    if (plain.isEmpty())
+        return blendCovered(y, x, count, source, shape, mask);
+    const auto part = [&](int from, int to) {
+        if (from < to)
+            blendCovered(y, from, static_cast<std::size_t>(to - from), source + (from - x), shape, mask);
+    };
+    part(x, plain.x);
+    blendPixels(targetRow(y, plain.x), source + (plain.x - x), plain.width);
+    part(plain.right(), end);
+}
+
+void Compositor::blendCovered(
+    int y, int x, std::size_t count, const std::uint32_t* source, const RoundedRect* shape, int mask)
+{
     auto* const target = targetRow(y, x);
-    const auto masked = !isUnmasked({ x, y, static_cast<int>(count), 1 }, mask);
-    if (!shape && !masked) {
-        for (std::size_t index = 0; index < count; ++index)
-            target[index] = blendedPixel(source[index], target[index]);
-        return;
-    }
     _coverage.resize(count);
     if (shape)
         shape->coverageOfRow(y, x, _coverage);
     else
         std::fill(_coverage.begin(), _coverage.end(), std::uint8_t { 255 });
-    for (; masked && mask >= 0; mask = _masks[static_cast<std::size_t>(mask)].outer) {
+    for (; mask >= 0; mask = _masks[static_cast<std::size_t>(mask)].outer) {
         _maskCoverage.resize(count);
         _masks[static_cast<std::size_t>(mask)].shape.coverageOfRow(y, x, _maskCoverage);
         for (std::size_t index = 0; index < count; ++index)
@@ -292,6 +363,7 @@ void Compositor::paintBorder(const Item& item, PixelRect part)
     const RoundedRect inner { { outer.rect.x + width, outer.rect.y + width, outer.rect.width - 2 * width,
                                   outer.rect.height - 2 * width },
         std::max(0.0, outer.radius - width) };
+    const auto corner = outer.cornerRows();
     const auto solid = outer.solidBand();
     std::vector<std::uint8_t> hole;
     const auto ring = [&](int y, int x, int count) {
@@ -308,14 +380,14 @@ void Compositor::paintBorder(const Item& item, PixelRect part)
         blendRow(y, x, _row.size(), _row.data(), nullptr, item.mask);
     };
     for (int y = part.y; y < part.bottom(); ++y) {
-        const auto between = inner.rect.width > 0 && y >= inner.rect.y && y < inner.rect.bottom()
-            && y >= solid.y && y < solid.bottom();
-        if (!between) {
+        // Below the upper edge and above the lower one, only the sides and the corners hold any of it.
+        if (inner.rect.isEmpty() || y < inner.rect.y || y >= inner.rect.bottom()) {
             ring(y, part.x, part.width);
             continue;
         }
-        ring(y, part.x, std::min(part.right(), inner.rect.x) - part.x);
-        const auto right = std::max(part.x, inner.rect.right());
+        const auto side = y >= solid.y && y < solid.bottom() ? width : std::max(width, corner);
+        ring(y, part.x, std::min(part.right(), outer.rect.x + side) - part.x);
+        const auto right = std::max({ part.x, outer.rect.x + side, outer.rect.right() - side });
         ring(y, right, part.right() - right);
     }
 }

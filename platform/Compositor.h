@@ -47,6 +47,8 @@ private:
     void paintGroup(const Item&, PixelRect part);
     void blendRow(
         int y, int x, std::size_t count, const std::uint32_t* source, const RoundedRect* shape, int mask);
+    void blendCovered(
+        int y, int x, std::size_t count, const std::uint32_t* source, const RoundedRect* shape, int mask);
     PixelRect pixelRect(double x, double y, CGSize) const;
     PixelRect solidPart(PixelRect, int mask) const;
     bool isUnmasked(PixelRect, int mask) const;

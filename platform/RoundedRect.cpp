@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <vector>
 
 namespace platform {
 
@@ -10,6 +12,27 @@ namespace {
 double effectiveRadius(const RoundedRect& shape)
 {
     return std::min({ shape.radius, shape.rect.width / 2.0, shape.rect.height / 2.0 });
+}
+
+// Row by row from the outer edge inwards: how much of each pixel a corner covers. The distance of a pixel's
+// centre from the arc decides. The few radii that a screen has are kept.
+const std::vector<std::uint8_t>& cornerCoverage(double radius, int corner)
+{
+    static std::map<double, std::vector<std::uint8_t>> kept;
+    auto& table = kept[radius];
+    if (!table.empty())
+        return table;
+    table.resize(static_cast<std::size_t>(corner * corner), std::uint8_t { 255 });
+    for (int row = 0; row < corner; ++row) {
+        for (int column = 0; column < corner; ++column) {
+            const auto dx = radius - (column + 0.5);
+            const auto dy = radius - (row + 0.5);
+            if (dx > 0 && dy > 0)
+                table[static_cast<std::size_t>(row * corner + column)] = static_cast<std::uint8_t>(
+                    std::clamp((radius - std::hypot(dx, dy) + 0.5) * 255 + 0.5, 0.0, 255.0));
+        }
+    }
+    return table;
 }
 
 }
@@ -25,6 +48,16 @@ PixelRect RoundedRect::solidBand() const
     return { rect.x, rect.y + corner, rect.width, std::max(0, rect.height - 2 * corner) };
 }
 
+PixelRect RoundedRect::solidColumns(int y) const
+{
+    if (y < rect.y || y >= rect.bottom())
+        return { rect.x, y, 0, 1 };
+    const auto corner = cornerRows();
+    const auto fromEdge = std::min(y - rect.y, rect.bottom() - 1 - y);
+    const auto inset = fromEdge < corner ? corner : 0;
+    return { rect.x + inset, y, std::max(0, rect.width - 2 * inset), 1 };
+}
+
 void RoundedRect::coverageOfRow(int y, int x, std::span<std::uint8_t> coverage) const
 {
     std::fill(coverage.begin(), coverage.end(), std::uint8_t { 0 });
@@ -38,27 +71,18 @@ void RoundedRect::coverageOfRow(int y, int x, std::span<std::uint8_t> coverage) 
         = [&](int column) -> std::uint8_t& { return coverage[static_cast<std::size_t>(column - x)]; };
     std::fill(&at(from), &at(from) + (to - from), std::uint8_t { 255 });
 
-    const auto r = effectiveRadius(*this);
     const auto corner = cornerRows();
     const auto fromEdge = std::min(y - rect.y, rect.bottom() - 1 - y);
     if (fromEdge >= corner)
         return;
-    // The distance of a pixel's centre from the arc decides how much of it is covered.
-    const auto dy = r - (fromEdge + 0.5);
-    const auto covered = [&](int distanceFromSide) {
-        const auto dx = r - (distanceFromSide + 0.5);
-        if (dx <= 0 || dy <= 0)
-            return 255;
-        return static_cast<int>(std::clamp((r - std::hypot(dx, dy) + 0.5) * 255 + 0.5, 0.0, 255.0));
-    };
+    const auto* const row = cornerCoverage(effectiveRadius(*this), corner).data() + fromEdge * corner;
     for (int step = 0; step < corner; ++step) {
-        const auto value = static_cast<std::uint8_t>(covered(step));
         const auto left = rect.x + step;
         const auto right = rect.right() - 1 - step;
         if (left >= from && left < to)
-            at(left) = std::min(at(left), value);
+            at(left) = std::min(at(left), row[step]);
         if (right >= from && right < to)
-            at(right) = std::min(at(right), value);
+            at(right) = std::min(at(right), row[step]);
     }
 }
 
