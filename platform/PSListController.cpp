@@ -153,13 +153,6 @@ void PSListController::loadView()
     _table->reloadData();
 }
 
-void PSListController::viewWillAppear(bool)
-{
-    // What was changed on the page that lay above shows in the rows that lead there.
-    if (std::exchange(_hasAppeared, true))
-        reload();
-}
-
 void PSListController::reload()
 {
     if (!_table)

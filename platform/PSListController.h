@@ -62,7 +62,6 @@ public:
     PSSpecifier* groupOfSection(long section) const;
 
     void loadView() override;
-    void viewWillAppear(bool animated) override;
 
     long numberOfSectionsInTableView(UITableView&) override;
     long tableViewNumberOfRowsInSection(UITableView&, long section) override;
@@ -86,7 +85,6 @@ private:
     Ref<PSSpecifier> _specifier;
     PSListController* _parentController = nullptr;
     UINavigationController* _rootController = nullptr;
-    bool _hasAppeared = false;
     Ref<UITableView> _table;
     std::unordered_map<const PSSpecifier*, Ref<PSTableCell>> _cells;
 };

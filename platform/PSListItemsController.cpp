@@ -38,10 +38,14 @@ void PSListItemsController::tableViewDidSelectRowAtIndexPath(UITableView&, NSInd
 {
     const auto keep = weak_from_this().lock();
     const auto opener = specifier();
+    const auto openersPage = parentController() ? parentController()->weak_from_this().lock() : nullptr;
     const auto row = static_cast<std::size_t>(path.row);
     if (!opener || row >= opener->values().size())
         return;
     opener->performSetterWithValue(PropertyValue(opener->values()[row]));
+    // A page does not reload by itself when it comes back.
+    if (openersPage)
+        static_cast<PSListController&>(*openersPage).reloadSpecifier(opener.get());
     reload();
 }
 

@@ -5,7 +5,7 @@
 namespace platform {
 
 /// The page of choices that a link-list row opens: one row a title, a check mark at the present one. A tap
-/// hands the value to the opening row's setter.
+/// hands the value to the opening row's setter, and that row shows it.
 class PSListItemsController final : public PSListController {
 public:
     using PSListController::PSListController;

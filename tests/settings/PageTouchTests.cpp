@@ -16,6 +16,20 @@ class PageTouch : public PageTouchTest {
 protected:
     bool isOn(NSIndexPath path) { return dynamic_cast<UISwitch&>(*cell(path).control()).isOn(); }
     UITextField& textField() { return dynamic_cast<UITextField&>(*cell(textRow).control()); }
+    /// The status row as it is seen while the notification is posted that follows a tap.
+    std::string statusWhenPosted(std::string_view identifier)
+    {
+        std::string seen;
+        whenSomethingHappens = [&](const std::string& event) {
+            const auto& label = page->table().cellForRowAtIndexPath(statusRow())->textLabel();
+            if (event == "notification")
+                seen = withPlainBlanks(label.text())
+                    + (hexDescription(label.textColor().cgColor()) == grey() ? ", grey" : ", enabled");
+        };
+        tap(rowWithID(identifier));
+        whenSomethingHappens = nullptr;
+        return seen;
+    }
     static NSDate in(double seconds) { return NSDate::dateWithTimeIntervalSince1970(tenSeventeen + seconds); }
     static std::string grey() { return hexDescription(style::disabledText().cgColor()); }
 };
@@ -81,14 +95,41 @@ TEST_F(PageTouch, SuppressesAlarmsAndEndsIt)
 TEST_F(PageTouch, TheStatusIsShownBeforeTheNotificationIsPosted)
 {
     open();
-    std::string shown;
-    whenSomethingHappens = [&](const std::string& event) {
-        if (event == "notification")
-            shown = withPlainBlanks(page->table().cellForRowAtIndexPath(statusRow())->textLabel().text());
+    EXPECT_EQ(statusWhenPosted("vekoraNow"), "Vekoraed Until: 1/5/14, 11:17:00 AM, enabled");
+    EXPECT_EQ(statusWhenPosted("clearVekora"), "Alarms Enabled, enabled");
+    EXPECT_EQ(statusWhenPosted("enabled"), "Alarms Enabled, grey");
+    EXPECT_EQ(statusWhenPosted("enabled"), "Alarms Enabled, enabled");
+}
+
+TEST_F(PageTouch, SwitchingOffShowsTheStatusBeforeTheNotificationIsPosted)
+{
+    open({ { "buttonColor", "#FF0000" }, { "enabled", true }, { "disarmedUntil", in(3600) } });
+    EXPECT_EQ(shownText(statusRow()), "Vekoraed Until: 1/5/14, 11:17:42 AM");
+    EXPECT_EQ(statusWhenPosted("enabled"), "Alarms Enabled, grey");
+}
+
+TEST_F(PageTouch, ReadsTheFileAnewWhenItFirstAppears)
+{
+    storePreferences({ { "buttonColor", "#000080" } });
+    page = std::make_shared<VekoraListController>(CGSize { 375, 603 });
+    page->view();
+    page->table().layoutIfNeeded();
+    const auto background = [&] {
+        return hexDescription(*page->table().cellForRowAtIndexPath(colorRow)->layer().backgroundColor());
     };
-    tap(rowWithID("vekoraNow"));
-    whenSomethingHappens = nullptr;
-    EXPECT_EQ(shown, "Vekoraed Until: 1/5/14, 11:17:00 AM");
+    page->table().scrollToRowAtIndexPath(colorRow);
+    page->table().layoutIfNeeded();
+    ASSERT_EQ(background(), "#000080FF");
+
+    storePreferences({ { "buttonColor", "#FFFF00" }, { "enabled", true } });
+    page->viewWillAppear(false);
+    EXPECT_EQ(background(), "#FFFF00FF");
+    EXPECT_EQ(
+        hexDescription(page->table().cellForRowAtIndexPath(colorRow)->textLabel().textColor().cgColor()),
+        black);
+    EXPECT_EQ(
+        mainPreferences->entries(), (PropertyList { { "buttonColor", "#FFFF00" }, { "enabled", true } }));
+    EXPECT_EQ(takeEvents(), Events {});
 }
 
 TEST_F(PageTouch, TheStatusSpeaksTheUsersLanguage)
