@@ -13,8 +13,9 @@ public:
     {
     }
 
-    /// Reads an XML or binary property list. Nothing when there is no such file, or it cannot be read, is
-    /// malformed anywhere, or its root is no dictionary. An empty or blank file is an empty dictionary.
+    /// Reads an XML, binary or old-style property list, or a file of strings; the latter two hold texts where
+    /// others hold numbers. Nothing when there is no such file, or it cannot be read, is malformed anywhere,
+    /// or its root is no dictionary. An empty or blank file is an empty dictionary.
     static std::optional<NSMutableDictionary> dictionaryWithContentsOfFile(std::string_view devicePath);
 
     /// Null when there is none.

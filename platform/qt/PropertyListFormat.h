@@ -9,7 +9,8 @@ namespace platform {
 /// Containers within containers, the root included. Deeper lists are neither read nor written.
 constexpr int deepestNesting = 512;
 
-/// A binary or XML list, told apart by how it begins. An empty or blank file is an empty dictionary.
+/// A binary list, told by how it begins, else an XML list, else one of the old style. An empty or blank file
+/// is an empty dictionary.
 ///
 /// Integers past the signed 64 bits are read as reals, and a keyed archive's UID as the dictionary
 /// { "CF$UID": number } that stands for one in XML.

@@ -1,4 +1,5 @@
 #include "../NumberText.h"
+#include "OldStylePropertyList.h"
 #include "PropertyListFormat.h"
 
 #include <algorithm>
@@ -236,7 +237,10 @@ std::optional<PropertyValue> parsePropertyList(std::string_view file)
 {
     if (isBlank(file))
         return PropertyList {};
-    return file.starts_with("bplist") ? parseBinaryPropertyList(file) : parseXmlPropertyList(file);
+    if (file.starts_with("bplist"))
+        return parseBinaryPropertyList(file);
+    auto list = parseXmlPropertyList(file);
+    return list ? std::move(list) : parseOldStylePropertyList(file);
 }
 
 }

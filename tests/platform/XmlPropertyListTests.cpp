@@ -300,7 +300,7 @@ TEST(XmlPropertyList, IsSpoiltByWhatStandsAroundTheRoot)
 {
     for (const char* file : { "x", "<", "<plist>", "<plist></plist>", "<plist/>", "<plist><dict/>",
              "<plist><dict/><dict/></plist>", "<dict/><dict/>", "<plist>x<dict/></plist>", "<dict/>x",
-             "<plist><dict/></plist>x", "{ a = 1; }", "bplist", "bplist00", "<?xml version=\"1.0\"?>",
+             "<plist><dict/></plist>x", "{ a = 1 }", "bplist", "bplist00", "<?xml version=\"1.0\"?>",
              "<!-- -->", "<html><dict/></html>" })
         EXPECT_FALSE(parsePropertyList(file)) << file;
 }
