@@ -75,7 +75,7 @@ void ColorPickerBase::_setColor(const UIColor& color)
 
 void ColorPickerBase::save()
 {
-    const auto committed = _color.value_or(shownColor());
+    const auto committed = _color.value_or(UIColor::colorWithRedGreenBlueAlpha(0, 0, 0, 1));
     if (const auto block = _saveChangesBlock)
         block(committed);
 }

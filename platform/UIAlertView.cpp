@@ -233,7 +233,8 @@ void UIAlertView::pressDefaultButton()
 
 void UIAlertView::pressCancelButton()
 {
-    press(0);
+    if (alert().settings.cancelButtonTitle)
+        press(0);
 }
 
 void UIAlertView::_buttonTapped(UIView* button)
@@ -252,6 +253,9 @@ void UIAlertView::press(long index)
     // The delegate may go, take the page or the window along, or show the next alert.
     const auto kept = weak_from_this().lock();
     own.answered = true;
+    // What an input method has not committed yet counts as typed.
+    if (const auto field = own.field)
+        field->resignFirstResponder();
     if (auto* const delegate = own.settings.delegate)
         delegate->alertViewClickedButtonAtIndex(*this, index);
     removeFromSuperview();

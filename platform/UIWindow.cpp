@@ -224,6 +224,7 @@ void UIWindow::_viewIsGone(const UIView* view)
 std::vector<PixelRect> UIWindow::display()
 {
     auto& own = windowImpl();
+    own.handlerCalled = true; // Marks that layout makes are served below.
     const auto needsLayout = [](auto& self, const UIView& view) -> bool {
         if (view.impl().needsLayout)
             return true;
@@ -251,6 +252,8 @@ std::vector<PixelRect> UIWindow::display()
         compositor.compose(*this, rect);
     }
     own.handlerCalled = false;
+    if (own.pendingBelow || !own.damaged.empty())
+        _markPending(); // A view marked itself while it was painted.
     return damaged;
 }
 

@@ -24,6 +24,17 @@ TEST(Axis, FallsFromItsStart)
     EXPECT_EQ(falling.valueAt(310, 10, 300), 0);
 }
 
+TEST(Axis, EndsExactlyAtItsEnd)
+{
+    // Lengths in thirds of a point, as there are at three pixels a point, do not add up exactly.
+    for (int thirds = 1; thirds < 3000; ++thirds) {
+        const auto origin = 62.0 / 3 + 20;
+        const auto length = thirds / 3.0;
+        EXPECT_EQ(rising.valueAt(origin + length, origin, length), 1);
+        EXPECT_EQ(falling.valueAt(origin + length, origin, length), 0);
+    }
+}
+
 TEST(Axis, DoesNotClamp)
 {
     EXPECT_EQ(rising.valueAt(-290, 10, 300), -1);

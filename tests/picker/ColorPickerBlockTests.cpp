@@ -78,6 +78,14 @@ TYPED_TEST(EveryColorPicker, SavesBlackAsLongAsItHasNoColour)
     EXPECT_EQ(this->picker->color(), std::nullopt);
 }
 
+TYPED_TEST(EveryColorPicker, SavesBlackWhateverItShowsAsLongAsItHasNoColour)
+{
+    this->show(std::nullopt);
+    this->picker->setColor(UIColor::blueColor());
+    this->picker->touchesEndedButtonWithEvent(nullptr, nullptr);
+    EXPECT_EQ(this->saved, std::vector { UIColor::colorWithRedGreenBlueAlpha(0, 0, 0, 1) });
+}
+
 TYPED_TEST(EveryColorPicker, SavesTheCommittedColourNotTheShownOne)
 {
     this->picker->setColor(UIColor::blueColor());

@@ -365,6 +365,27 @@ TEST_F(UIAlertViewTest, IsNotAnsweredByAKeyHeldDown)
     EXPECT_NE(UIAlertView::topmost(), nullptr);
 }
 
+TEST_F(UIAlertViewTest, IsNotCancelledWithoutACancelButton)
+{
+    const auto alert = UIAlertView::make(
+        { .message = "Wait", .delegate = delegate.get(), .otherButtonTitles = { "Go", "Stay" } });
+    alert->show();
+    alert->pressCancelButton();
+    EXPECT_TRUE(alert->isVisible());
+    EXPECT_TRUE(delegate->answers.empty());
+}
+
+TEST_F(UIAlertViewTest, ReadsWhatAnInputMethodHasNotCommittedYet)
+{
+    std::string read;
+    delegate->onAnswer = [&](UIAlertView& alert) { read = alert.textFieldAtIndex(0)->text(); };
+    const auto alert = showWithField();
+    QInputMethodEvent composition(QStringLiteral("12"), {});
+    alert->textFieldAtIndex(0)->editor().inputMethod(composition);
+    tapText("Save");
+    EXPECT_EQ(read, "12");
+}
+
 TEST_F(UIAlertViewTest, StandsHavingNoButtons)
 {
     const auto alert = UIAlertView::make({ .message = "Wait", .delegate = delegate.get() });

@@ -201,6 +201,26 @@ TEST_F(Views, TellsItsHostOnceThatSomethingIsPending)
     EXPECT_EQ(calls, 2);
 }
 
+TEST_F(Views, TellsItsHostOfMarksMadeWhilePainting)
+{
+    class Restless final : public UIView {
+    public:
+        using UIView::UIView;
+        void drawRect(CGRect) override
+        {
+            UIGraphicsGetCurrentContext()->bitmap();
+            setNeedsDisplay();
+        }
+    };
+    int calls = 0;
+    window->addSubview(std::make_shared<Restless>(CGRect { 0, 0, 5, 5 }));
+    window->setNeedsDisplayHandler([&] { ++calls; });
+    window->display();
+    EXPECT_EQ(calls, 1);
+    window->display();
+    EXPECT_EQ(calls, 2);
+}
+
 TEST_F(Views, TakesNoTouchesWhileHiddenDisabledOrInvisible)
 {
     const CGPoint inside { 15, 25 };
