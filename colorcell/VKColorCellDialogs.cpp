@@ -31,6 +31,7 @@ void VKColorCell::askUserForInputB()
 
 void VKColorCell::askForChannel(const Channel& channel)
 {
+    // Looked up once for each half of the message.
     const auto lowest = unit();
     const auto highest = unit();
     const auto alert
