@@ -1,26 +1,23 @@
 #include "AtomicSave.h"
 
+#include "HiddenFiles.h"
+
 #include <climits>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace platform {
 
 namespace {
 
-// As many processes can save one file at once, each with a hidden file of its own.
-constexpr int slotCount = 16;
-constexpr int mostAttempts = 16;
-
-/// One save. Hidden files follow one rule: whoever moves or removes one holds the lock on the very file that
-/// bears the name. A lock that nobody holds therefore tells that its process was killed.
+/// One save.
 class Replacement {
 public:
     Replacement(const DevicePlace& place, std::string_view contents)
         : _name(place.name)
         , _contents(contents)
         , _folder(openIn(place.folder, ".", O_RDONLY | O_DIRECTORY))
+        , _hiddenFiles(_folder, place.name)
     {
     }
     ~Replacement() { removeTemporary(); }
@@ -35,11 +32,7 @@ public:
 
 private:
     bool lookAtOldFile();
-    std::string slotName(int slot) const;
     bool makeTemporary();
-    bool makeTemporary(int slot);
-    bool lockTemporary();
-    bool removeOrphan(const std::string& name) const;
     bool takeOverMode();
     bool writeContents();
 
@@ -52,14 +45,16 @@ private:
     void removeTemporary();
 
     bool move(const std::string& from, const std::string& to, unsigned flags = 0) const;
-    bool remove(const std::string& name) const;
-    bool isNamed(const FileDescriptor&, const std::string& name) const;
-    static bool lock(const FileDescriptor&);
-    static bool synchronise(const FileDescriptor&);
+    bool remove(const std::string& name) const { return removeIn(_folder, name); }
+    bool isNamed(const FileDescriptor& file, const std::string& name) const
+    {
+        return isNamedIn(_folder, file, name);
+    }
 
     const std::string& _name;
     std::string_view _contents;
     FileDescriptor _folder;
+    HiddenFiles _hiddenFiles;
     struct stat _oldStatus { };
     bool _hasOldFile = false;
     std::string _oldTarget; ///< Where the replaced link led.
@@ -88,78 +83,15 @@ bool Replacement::lookAtOldFile()
     return true;
 }
 
-std::string Replacement::slotName(int slot) const
-{
-    const auto ending = "." + std::to_string(slot) + ".saving";
-    return "." + _name.substr(0, NAME_MAX - 1 - ending.size()) + ending;
-}
-
 bool Replacement::makeTemporary()
 {
-    // All the slots are looked at each time, so that no killed process's file outlives the next save.
-    for (int slot = 0; slot < slotCount; ++slot) {
-        if (_temporary)
-            removeOrphan(slotName(slot));
-        else if (!makeTemporary(slot))
-            return false;
-    }
-    if (!_temporary)
-        errno = EBUSY;
-    return bool(_temporary);
-}
-
-/// False for what cannot be mended; a slot in use is none of that.
-bool Replacement::makeTemporary(int slot)
-{
-    const auto name = slotName(slot);
     // Never more open than the old file, not even for a moment.
-    const mode_t mode = S_ISREG(_oldStatus.st_mode) ? _oldStatus.st_mode & 0777 : 0666;
-    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
-        _temporary = openIn(_folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL, mode);
-        if (!_temporary) {
-            if (errno != EEXIST)
-                return false;
-            if (!removeOrphan(name))
-                return true;
-            continue;
-        }
-        _temporaryName = name;
-        if (lockTemporary())
-            return true;
-        if (errno != EWOULDBLOCK) {
-            removeTemporary();
-            _temporary = {};
-            return false;
-        }
-        // Another process saw the file before its lock and is about to take it away.
-        _temporaryName.clear();
-        _temporary = {};
-    }
+    auto made = _hiddenFiles.make(S_ISREG(_oldStatus.st_mode) ? _oldStatus.st_mode & 0777 : 0666);
+    if (!made)
+        return false;
+    _temporary = std::move(made->file);
+    _temporaryName = std::move(made->name);
     return true;
-}
-
-bool Replacement::lockTemporary()
-{
-    if (!lock(_temporary))
-        return false;
-    if (isNamed(_temporary, _temporaryName))
-        return true;
-    errno = EWOULDBLOCK;
-    return false;
-}
-
-/// Takes away a hidden file whose process is gone. False when there is none or somebody is at work on it.
-bool Replacement::removeOrphan(const std::string& name) const
-{
-    struct stat status { };
-    if (!statusIn(_folder, name.c_str(), status))
-        return errno == ENOENT;
-    if (!S_ISREG(status.st_mode))
-        return false;
-    const auto file = openIn(_folder, name.c_str(), O_RDONLY | O_NONBLOCK);
-    if (!file)
-        return errno == ENOENT;
-    return lock(file) && (!isNamed(file, name) || remove(name));
 }
 
 bool Replacement::takeOverMode()
@@ -218,7 +150,7 @@ bool Replacement::publishByExchange()
         return true;
     }
     _oldFile = {};
-    removeOrphan(std::exchange(_temporaryName, {}));
+    _hiddenFiles.removeOrphan(std::exchange(_temporaryName, {}));
     return true;
 }
 
@@ -274,29 +206,6 @@ bool Replacement::move(const std::string& from, const std::string& to, unsigned 
     return uninterrupted(FileCalls::current().rename, _folder.number(), from.c_str(), _folder.number(),
                to.c_str(), flags)
         == 0;
-}
-
-bool Replacement::remove(const std::string& name) const
-{
-    return uninterrupted(FileCalls::current().unlinkAt, _folder.number(), name.c_str(), 0) == 0;
-}
-
-bool Replacement::isNamed(const FileDescriptor& file, const std::string& name) const
-{
-    struct stat own { };
-    struct stat named { };
-    return statusOf(file, own) && statusIn(_folder, name.c_str(), named) && own.st_dev == named.st_dev
-        && own.st_ino == named.st_ino;
-}
-
-bool Replacement::lock(const FileDescriptor& file)
-{
-    return uninterrupted(FileCalls::current().lock, file.number(), LOCK_EX | LOCK_NB) == 0;
-}
-
-bool Replacement::synchronise(const FileDescriptor& file)
-{
-    return uninterrupted(FileCalls::current().sync, file.number()) == 0;
 }
 
 }

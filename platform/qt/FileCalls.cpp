@@ -60,4 +60,27 @@ bool statusIn(const FileDescriptor& folder, const char* name, struct stat& statu
         == 0;
 }
 
+bool isNamedIn(const FileDescriptor& folder, const FileDescriptor& file, const std::string& name)
+{
+    struct stat own { };
+    struct stat named { };
+    return statusOf(file, own) && statusIn(folder, name.c_str(), named) && own.st_dev == named.st_dev
+        && own.st_ino == named.st_ino;
+}
+
+bool removeIn(const FileDescriptor& folder, const std::string& name)
+{
+    return uninterrupted(FileCalls::current().unlinkAt, folder.number(), name.c_str(), 0) == 0;
+}
+
+bool lock(const FileDescriptor& file)
+{
+    return uninterrupted(FileCalls::current().lock, file.number(), LOCK_EX | LOCK_NB) == 0;
+}
+
+bool synchronise(const FileDescriptor& file)
+{
+    return uninterrupted(FileCalls::current().sync, file.number()) == 0;
+}
+
 }

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <cerrno>
+#include <string>
 #include <utility>
 
 namespace platform {
@@ -65,5 +66,13 @@ FileDescriptor openIn(const FileDescriptor& folder, const char* name, int flags,
 bool statusOf(const FileDescriptor&, struct stat&);
 /// Of a link, its own.
 bool statusIn(const FileDescriptor& folder, const char* name, struct stat&);
+
+/// Whether the name in the folder is this open file's.
+bool isNamedIn(const FileDescriptor& folder, const FileDescriptor&, const std::string& name);
+bool removeIn(const FileDescriptor& folder, const std::string& name);
+
+/// Never waits: false when somebody else holds the file's lock.
+bool lock(const FileDescriptor&);
+bool synchronise(const FileDescriptor&);
 
 }
