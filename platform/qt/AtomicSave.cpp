@@ -40,6 +40,8 @@ private:
     bool publishByExchange();
     bool publishByRename();
     bool holdOldFile();
+    void keepOldFile();
+    void dropOldFile(const std::string& hiddenName);
     void undoExchange();
     void undoRename();
     void removeTemporary();
@@ -58,9 +60,10 @@ private:
     struct stat _oldStatus { };
     bool _hasOldFile = false;
     std::string _oldTarget; ///< Where the replaced link led.
-    FileDescriptor _oldFile; ///< Locked, while its name may be the hidden one.
+    FileDescriptor _oldFile; ///< Locked, while it may bear a hidden name.
     FileDescriptor _temporary; ///< Locked.
     std::string _temporaryName; ///< Empty when there is none to remove.
+    std::string _oldFileName; ///< Hidden; empty when the old file has no second name.
 };
 
 bool Replacement::lookAtOldFile()
@@ -127,7 +130,10 @@ bool Replacement::holdOldFile()
     if (!S_ISREG(_oldStatus.st_mode))
         return false;
     _oldFile = openIn(_folder, _name.c_str(), O_RDONLY | O_NONBLOCK);
-    return _oldFile && lock(_oldFile) && isNamed(_oldFile, _name);
+    if (_oldFile && lock(_oldFile) && isNamed(_oldFile, _name))
+        return true;
+    _oldFile = {};
+    return false;
 }
 
 bool Replacement::publishByExchange()
@@ -144,14 +150,17 @@ bool Replacement::publishByExchange()
         errno = reason;
         return false;
     }
-    // The new file is safe. Should the old one not go now, the next save takes it away.
-    if (isNamed(_oldFile, _temporaryName) && remove(_temporaryName)) {
-        _temporaryName.clear();
-        return true;
-    }
-    _oldFile = {};
-    _hiddenFiles.removeOrphan(std::exchange(_temporaryName, {}));
+    dropOldFile(std::exchange(_temporaryName, {}));
     return true;
+}
+
+/// The new file is safe. Should the old one not go now, the next save takes it away.
+void Replacement::dropOldFile(const std::string& hiddenName)
+{
+    if (isNamed(_oldFile, hiddenName) && remove(hiddenName))
+        return;
+    _oldFile = {};
+    _hiddenFiles.removeOrphan(hiddenName);
 }
 
 /// Whoever has saved since then keeps the last word.
@@ -164,16 +173,31 @@ void Replacement::undoExchange()
 
 bool Replacement::publishByRename()
 {
-    if (!move(_temporaryName, _name))
-        return false;
-    if (synchronise(_folder)) {
-        _temporaryName.clear();
-        return true;
-    }
+    keepOldFile();
+    const bool isMoved = move(_temporaryName, _name);
+    const bool succeeded = isMoved && synchronise(_folder);
     const int reason = errno;
-    undoRename();
+    if (succeeded)
+        _temporaryName.clear();
+    else if (isMoved)
+        undoRename();
+    if (!_oldFileName.empty())
+        dropOldFile(_oldFileName);
     errno = reason;
-    return false;
+    return succeeded;
+}
+
+/// By a second name, since the first is about to be the new file's.
+void Replacement::keepOldFile()
+{
+    if (!_oldFile)
+        return;
+    _oldFileName = _hiddenFiles.linkOldFile().value_or(std::string());
+    if (_oldFileName.empty() || isNamed(_oldFile, _oldFileName))
+        return;
+    // Somebody else's file has just taken the name.
+    _oldFile = {};
+    _hiddenFiles.removeOrphan(std::exchange(_oldFileName, {}));
 }
 
 void Replacement::undoRename()
@@ -181,6 +205,8 @@ void Replacement::undoRename()
     const bool isOurs = isNamed(_temporary, _name);
     if (isOurs && !_hasOldFile)
         remove(_name);
+    if (isOurs && !_oldFileName.empty() && isNamed(_oldFile, _oldFileName) && move(_oldFileName, _name))
+        _oldFileName.clear();
     const auto hidden = std::exchange(_temporaryName, {});
     if (isOurs && !_oldTarget.empty()
         && uninterrupted(

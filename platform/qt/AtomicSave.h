@@ -9,11 +9,11 @@ namespace platform {
 /// kept; a new file has the usual one.
 ///
 /// False, with the reason in `errno`, leaves the old file as it was and nothing beside it. A process that is
-/// killed meanwhile leaves at most one hidden file, which the next save of the same file takes away. Any
+/// killed meanwhile leaves at most two hidden files, which the next save of the same file takes away. Any
 /// number of processes may save at once; the last one wins.
 ///
-/// Where the file system cannot exchange two names, or another process is saving the same file in the same
-/// moment, a folder that fails to sync is reported but keeps the new file.
+/// Where the file system can neither exchange two names nor give a file a second one, or another process is
+/// saving the same file in the same moment, a folder that fails to sync is reported but keeps the new file.
 bool replaceFile(const DevicePlace&, std::string_view contents);
 
 }

@@ -21,6 +21,7 @@ FileCalls& FileCalls::current()
         .lock = ::flock,
         .sync = ::fsync,
         .rename = ::renameat2,
+        .linkAt = ::linkat,
         .linkSymbolically = ::symlinkat,
         .unlinkAt = ::unlinkat,
         .close = ::close,

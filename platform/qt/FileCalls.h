@@ -22,6 +22,7 @@ struct FileCalls {
     int (*lock)(int file, int operation);
     int (*sync)(int file);
     int (*rename)(int folder, const char* from, int toFolder, const char* to, unsigned flags);
+    int (*linkAt)(int folder, const char* name, int toFolder, const char* newName, int flags);
     int (*linkSymbolically)(const char* target, int folder, const char* name);
     int (*unlinkAt)(int folder, const char* name, int flags);
     int (*close)(int file);

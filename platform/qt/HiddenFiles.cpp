@@ -73,6 +73,20 @@ bool HiddenFiles::lockAsMade(const HiddenFile& hidden) const
     return false;
 }
 
+std::optional<std::string> HiddenFiles::linkOldFile() const
+{
+    for (int slot = 0; slot < slotCount; ++slot) {
+        auto hidden = slotName(slot);
+        if (uninterrupted(FileCalls::current().linkAt, _folder.number(), _name.c_str(), _folder.number(),
+                hidden.c_str(), 0)
+            == 0)
+            return hidden;
+        if (errno != EEXIST)
+            break;
+    }
+    return std::nullopt;
+}
+
 bool HiddenFiles::removeOrphan(const std::string& name) const
 {
     struct stat status { };

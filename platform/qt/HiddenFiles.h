@@ -29,6 +29,10 @@ public:
     /// processes have left. Nothing, with the reason in `errno`, when there cannot be one.
     std::optional<HiddenFile> make(mode_t) const;
 
+    /// Gives the file that is saved a second, hidden name. The caller holds its lock. Nothing where that
+    /// cannot be done.
+    std::optional<std::string> linkOldFile() const;
+
     /// Takes away a hidden file whose process is gone. False when somebody is at work on it, or it is none.
     bool removeOrphan(const std::string& hiddenName) const;
 

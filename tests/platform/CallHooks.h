@@ -28,6 +28,7 @@ public:
         hook<&platform::FileCalls::changeMode>("changeMode");
         hook<&platform::FileCalls::lock>("lock");
         hook<&platform::FileCalls::rename>("rename");
+        hook<&platform::FileCalls::linkAt>("linkAt");
         hook<&platform::FileCalls::unlinkAt>("unlinkAt");
         calls.sync = [](int file) {
             struct stat status { };
