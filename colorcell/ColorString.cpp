@@ -2,9 +2,9 @@
 
 #include "platform/NSScanner.h"
 #include "platform/NSString.h"
+#include "platform/Truncation.h"
 
 #include <cmath>
-#include <limits>
 
 namespace vekora {
 
@@ -45,18 +45,6 @@ bool needsWhiteText(ColorChannels channels, float opacity)
     const double luminance = 0.2126 * overWhite(channels.red) + 0.7152 * overWhite(channels.green)
         + 0.0722 * overWhite(channels.blue);
     return 1 - luminance / 255 >= 0.5;
-}
-
-std::int32_t truncatedInteger(double value)
-{
-    using Limits = std::numeric_limits<std::int32_t>;
-    if (std::isnan(value))
-        return 0;
-    if (value >= Limits::max())
-        return Limits::max();
-    if (value <= Limits::min())
-        return Limits::min();
-    return static_cast<std::int32_t>(value);
 }
 
 std::int32_t readOutNumber(float sliderValue)

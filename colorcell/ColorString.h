@@ -31,9 +31,6 @@ platform::UIColor colorWithChannels(ColorChannels, platform::CGFloat alpha);
 /// of 0..1. In the middle it should.
 bool needsWhiteText(ColorChannels, float opacity);
 
-/// The fraction cut off; what lies beyond 32 bits is pinned, NaN is 0.
-std::int32_t truncatedInteger(double);
-
 /// What a slider's read-out shows: the value cut to a whole number after rounding to hundredths, so that
 /// 127.996 shows as 128.
 std::int32_t readOutNumber(float sliderValue);

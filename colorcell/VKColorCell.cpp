@@ -7,6 +7,7 @@
 #include "platform/CFNotificationCenter.h"
 #include "platform/NSMutableDictionary.h"
 #include "platform/NSString.h"
+#include "platform/Truncation.h"
 #include "platform/UISlider.h"
 
 namespace vekora {

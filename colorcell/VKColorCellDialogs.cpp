@@ -1,6 +1,7 @@
 #include "VKColorCell.h"
 
 #include "platform/NSString.h"
+#include "platform/Truncation.h"
 #include "platform/UISlider.h"
 
 namespace vekora {

@@ -1,10 +1,9 @@
 #include "ReadOut.h"
 
 #include "platform/NSString.h"
+#include "platform/Truncation.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
 using namespace platform;
 
@@ -17,12 +16,7 @@ CGFloat unitsOf(Component component)
 
 std::int32_t wholeUnits(Component component, CGFloat value)
 {
-    using Limits = std::numeric_limits<std::int32_t>;
-    const auto rounded = std::round(value * unitsOf(component));
-    if (std::isnan(rounded))
-        return 0;
-    return static_cast<std::int32_t>(
-        std::clamp(rounded, static_cast<double>(Limits::min()), static_cast<double>(Limits::max())));
+    return truncatedInteger(std::round(value * unitsOf(component)));
 }
 
 std::string readOutText(const ReadOut& readOut, CGFloat value)

@@ -1,6 +1,7 @@
 #include "PropertyValue.h"
 
 #include "NSString.h"
+#include "Truncation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,15 +15,6 @@ template <typename... Handlers> struct Overloaded : Handlers... {
     using Handlers::operator()...;
 };
 template <typename... Handlers> Overloaded(Handlers...) -> Overloaded<Handlers...>;
-
-std::int32_t truncated(double value)
-{
-    using Limits = std::numeric_limits<std::int32_t>;
-    if (std::isnan(value))
-        return 0;
-    return static_cast<std::int32_t>(
-        std::clamp(value, static_cast<double>(Limits::min()), static_cast<double>(Limits::max())));
-}
 
 float narrowed(double value)
 {
@@ -85,7 +77,7 @@ std::int32_t PropertyValue::intValue() const
     return std::visit(Overloaded {
                           [](bool value) { return std::int32_t { value }; },
                           [](std::int64_t value) { return static_cast<std::int32_t>(value); },
-                          [](double value) { return truncated(value); },
+                          [](double value) { return truncatedInteger(value); },
                           [](const std::string& value) { return platform::intValue(value); },
                           [](const auto&) { return std::int32_t { 0 }; },
                       },

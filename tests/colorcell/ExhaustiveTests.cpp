@@ -1,6 +1,7 @@
 #include "HexTextOracle.h"
 
 #include "colorcell/ColorString.h"
+#include "platform/Truncation.h"
 
 #include <gtest/gtest.h>
 
@@ -76,17 +77,18 @@ TEST(EveryColor, IsReadInUpperAndLowerCase)
 
 TEST(EveryColor, GoesFromSlidersToTextAndBack)
 {
-    EXPECT_EQ(firstFailure(colors,
-                  [](std::uint32_t color) {
-                      const auto sliders = channelsOf(color);
-                      const std::array values { static_cast<float>(sliders.red),
-                          static_cast<float>(sliders.green), static_cast<float>(sliders.blue) };
-                      const auto read = readColorString(writtenColorString({ truncatedInteger(values[0]),
-                          truncatedInteger(values[1]), truncatedInteger(values[2]) }));
-                      return static_cast<float>(read.red) == values[0]
-                          && static_cast<float>(read.green) == values[1]
-                          && static_cast<float>(read.blue) == values[2];
-                  }),
+    EXPECT_EQ(
+        firstFailure(colors,
+            [](std::uint32_t color) {
+                const auto sliders = channelsOf(color);
+                const std::array values { static_cast<float>(sliders.red), static_cast<float>(sliders.green),
+                    static_cast<float>(sliders.blue) };
+                const auto read = readColorString(writtenColorString({ platform::truncatedInteger(values[0]),
+                    platform::truncatedInteger(values[1]), platform::truncatedInteger(values[2]) }));
+                return static_cast<float>(read.red) == values[0]
+                    && static_cast<float>(read.green) == values[1]
+                    && static_cast<float>(read.blue) == values[2];
+            }),
         colors);
 }
 

@@ -3,6 +3,7 @@
 #include "picker/VKColorPickerView_B.h"
 #include "picker/VKColorPickerView_H.h"
 #include "picker/VKColorPickerView_S.h"
+#include "platform/Truncation.h"
 
 #include <cmath>
 #include <limits>
