@@ -36,15 +36,18 @@ UIColor colorWithChannels(ColorChannels channels, CGFloat alpha)
         channels.red / 255.0, channels.green / 255.0, channels.blue / 255.0, alpha);
 }
 
+double darkness(ColorChannels color)
+{
+    return 1 - (0.2126 * color.red + 0.7152 * color.green + 0.0722 * color.blue) / 255;
+}
+
 bool needsWhiteText(ColorChannels channels, float opacity)
 {
     const float white = (1 - opacity) * 255;
     const auto overWhite = [&](std::int32_t channel) {
         return truncatedInteger(static_cast<float>(channel) * opacity + white);
     };
-    const double luminance = 0.2126 * overWhite(channels.red) + 0.7152 * overWhite(channels.green)
-        + 0.0722 * overWhite(channels.blue);
-    return 1 - luminance / 255 >= 0.5;
+    return darkness({ overWhite(channels.red), overWhite(channels.green), overWhite(channels.blue) }) >= 0.5;
 }
 
 std::int32_t readOutNumber(float sliderValue)

@@ -27,6 +27,9 @@ std::string writtenColorString(ColorChannels);
 
 platform::UIColor colorWithChannels(ColorChannels, platform::CGFloat alpha);
 
+/// 0 for white to 1 for black, by how bright the eye takes each channel to be.
+[[nodiscard]] double darkness(ColorChannels);
+
 /// Whether text on this colour should be white rather than black, the colour lying over white with an opacity
 /// of 0..1. In the middle it should.
 bool needsWhiteText(ColorChannels, float opacity);

@@ -4,11 +4,6 @@ namespace vekora {
 
 using namespace platform;
 
-double darkness(ColorChannels color)
-{
-    return 1 + (0.2126 * color.red + 0.7152 * color.green + 0.0722 * color.blue) / -255;
-}
-
 RowColors rowColors(const PropertyValue* buttonColor)
 {
     if (!buttonColor)
@@ -16,7 +11,7 @@ RowColors rowColors(const PropertyValue* buttonColor)
     const auto* text = buttonColor->string();
     const auto color = readColorString(text ? std::string_view(*text) : std::string_view());
     return {
-        .text = darkness(color) < 0.5 ? UIColor::blackColor() : UIColor::whiteColor(),
+        .text = needsWhiteText(color, 1) ? UIColor::whiteColor() : UIColor::blackColor(),
         .background = colorWithChannels(color, 1),
     };
 }

@@ -12,9 +12,6 @@ struct RowColors {
     platform::UIColor background;
 };
 
-/// 0 for white to 1 for black, by how bright the eye takes each channel (0..255) to be.
-[[nodiscard]] double darkness(ColorChannels);
-
 /// The colour that the preference "buttonColor" (null when there is none) holds, and black or white text that
 /// can be read on it. White without a colour, and for a value that is no text.
 [[nodiscard]] RowColors rowColors(const platform::PropertyValue* buttonColor);
