@@ -59,7 +59,7 @@ bool paintBlock(
         levels[channel] = static_cast<std::uint32_t>(starts.levels[channel][r]);
         if (isLinear(channel, linear)) {
             constant &= ~(255U << shiftOf(channel));
-            offsets[channel] = rows.offsetsOf(block.tables[channel], r).levels;
+            offsets[channel] = rows.offsetsOf(block.tables[channel], r)->levels;
         } else {
             doubts |= static_cast<unsigned>(isDoubtful(levels[channel]));
         }
@@ -88,7 +88,7 @@ std::uint64_t doubtfulPixels(
         if (!isLinear(channel, block.linear))
             continue;
         const auto start = static_cast<std::uint32_t>(starts.levels[channel][r]);
-        const auto* offsets = rows.offsetsOf(block.tables[channel], r).levels;
+        const auto* offsets = rows.offsetsOf(block.tables[channel], r)->levels;
         for (int x = 0; x < block.count; ++x)
             pixels |= std::uint64_t(isDoubtful(start + static_cast<std::uint32_t>(offsets[x]))) << x;
     }

@@ -68,7 +68,8 @@ struct GradientRows {
     Starts* starts; ///< One for each block.
     GradientDoubt* doubts; ///< `most` for each block.
 
-    const Offsets& offsetsOf(unsigned table, std::size_t row) const { return offsets[table * most + row]; }
+    /// Of a slope in a row; nowhere in particular where no channel has any slope.
+    const Offsets* offsetsOf(unsigned table, std::size_t row) const { return offsets + table * most + row; }
 };
 
 /// Paints the rows, and returns how many blocks are in doubt: only their constant channels and their doubtful

@@ -107,7 +107,7 @@ AVX2 __attribute__((noinline)) std::uint64_t doubtfulPixels(
         if (!(block.linear >> channel & 1U))
             continue;
         const auto start = _mm256_set1_epi32(starts.levels[channel][r]);
-        const auto* offsets = rows.offsetsOf(block.tables[channel], r).levels;
+        const auto* offsets = rows.offsetsOf(block.tables[channel], r)->levels;
         for (int x = 0; x < block.count; x += lanes) {
             const auto doubts = doubtsIn(
                 _mm256_add_epi32(start, _mm256_load_si256(reinterpret_cast<const __m256i*>(offsets + x))));
@@ -146,7 +146,7 @@ AVX2 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::si
     __m256i shuffles[3];
     const GradientRows::Offsets* tables[3];
     for (unsigned i = 0; i < Linear::count; ++i) {
-        tables[i] = &rows.offsetsOf(block.tables[Linear::numbers[i]], 0);
+        tables[i] = rows.offsetsOf(block.tables[Linear::numbers[i]], 0);
         shuffles[i] = toPixels(Linear::numbers[i], Linear::topPlace(i));
     }
     constexpr auto constantBytes = static_cast<std::uint32_t>(opaque) | (linear & 1U ? 0 : 0xFF0000U)

@@ -84,7 +84,7 @@ AVX512 __attribute__((noinline)) std::uint64_t doubtfulPixels(
         if (!(block.linear >> channel & 1U))
             continue;
         const auto start = _mm512_set1_epi32(starts.levels[channel][r]);
-        const auto* offsets = rows.offsetsOf(block.tables[channel], r).levels;
+        const auto* offsets = rows.offsetsOf(block.tables[channel], r)->levels;
         for (int x = 0; x < block.count; x += lanes) {
             const auto counting = firstPixels(block.count - x < lanes ? block.count - x : lanes);
             const auto doubts = doubtsIn(_mm512_add_epi32(start, _mm512_load_si512(offsets + x))) & counting;
@@ -108,7 +108,7 @@ AVX512 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::
     const auto last = firstPixels(block.count - (vectors - 1) * lanes);
     const GradientRows::Offsets* tables[3];
     for (unsigned channel = 0; channel < 3; ++channel)
-        tables[channel] = &rows.offsetsOf(block.tables[channel], 0);
+        tables[channel] = rows.offsetsOf(block.tables[channel], 0);
     const auto rowCount = rows.rowCount; // A copy, which need not be read again after each store.
     const auto left = block.x;
 
