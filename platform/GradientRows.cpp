@@ -35,6 +35,7 @@ void fillOffsets(GradientRows::Offsets& offsets, double slope)
 
 void findStarts(const GradientRows& rows, const GradientBlock& block, GradientRows::Starts& starts)
 {
+    starts.doubtfulRows = 0;
     for (std::size_t r = 0; r < rows.rowCount; ++r) {
         starts.pixels[r] = opaque;
         for (unsigned channel = 0; channel < 3; ++channel) {
@@ -42,11 +43,13 @@ void findStarts(const GradientRows& rows, const GradientBlock& block, GradientRo
                 rows.factors[r] * block.values[channel] + rows.addends[channel][r] + 0.5);
             starts.levels[channel][r] = level;
             starts.pixels[r] |= static_cast<std::uint32_t>(level) >> 16U << shiftOf(channel);
+            if (!isLinear(channel, block.linear) && isDoubtful(static_cast<std::uint32_t>(level)))
+                starts.doubtfulRows |= 1U << r;
         }
     }
 }
 
-// Whether anything is in doubt.
+// Whether any pixel is in doubt.
 template <unsigned linear>
 bool paintBlock(
     const GradientRows& rows, const GradientBlock& block, const GradientRows::Starts& starts, std::size_t r)
@@ -57,12 +60,10 @@ bool paintBlock(
     const std::int32_t* offsets[3] {};
     for (unsigned channel = 0; channel < 3; ++channel) {
         levels[channel] = static_cast<std::uint32_t>(starts.levels[channel][r]);
-        if (isLinear(channel, linear)) {
-            constant &= ~(255U << shiftOf(channel));
-            offsets[channel] = rows.offsetsOf(block.tables[channel], r)->levels;
-        } else {
-            doubts |= static_cast<unsigned>(isDoubtful(levels[channel]));
-        }
+        if (!isLinear(channel, linear))
+            continue;
+        constant &= ~(255U << shiftOf(channel));
+        offsets[channel] = rows.offsetsOf(block.tables[channel])[r].levels;
     }
     auto* target = rows.targets[r] + block.x;
     const auto count = block.count;
@@ -88,7 +89,7 @@ std::uint64_t doubtfulPixels(
         if (!isLinear(channel, block.linear))
             continue;
         const auto start = static_cast<std::uint32_t>(starts.levels[channel][r]);
-        const auto* offsets = rows.offsetsOf(block.tables[channel], r)->levels;
+        const auto* offsets = rows.offsetsOf(block.tables[channel])[r].levels;
         for (int x = 0; x < block.count; ++x)
             pixels |= std::uint64_t(isDoubtful(start + static_cast<std::uint32_t>(offsets[x]))) << x;
     }
@@ -114,6 +115,8 @@ std::size_t paintGradientRowsPortably(const GradientRows& rows)
         for (std::size_t r = 0; r < rows.rowCount; ++r) {
             if (painters[block.linear](rows, block, starts, r))
                 rows.doubts[doubts++] = { r, i, doubtfulPixels(rows, block, starts, r) };
+            if (starts.doubtfulRows >> r & 1U)
+                rows.doubts[doubts++] = { r, i, 0 };
         }
     }
     return doubts;

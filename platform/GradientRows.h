@@ -51,6 +51,7 @@ struct GradientRows {
     struct alignas(32) Starts {
         std::int32_t levels[3][most]; ///< Red, green and blue.
         std::uint32_t pixels[most]; ///< The pixels themselves: their constant channels stay along the block.
+        unsigned doubtfulRows; ///< A bit for each row in which a constant channel is in doubt.
     };
 
     const GradientBlock* blocks;
@@ -61,19 +62,29 @@ struct GradientRows {
     alignas(64) double factors[most]; ///< 0..1
     alignas(64) double addends[3][most]; ///< In levels, with the half that rounds and the bias.
     std::uint32_t* targets[most];
+    /// From each target to the same place in the rows that are painted next, in bytes, to fetch it meanwhile;
+    /// 0 not to. Nothing need be there.
+    std::uintptr_t toNextTargets;
     std::size_t rowCount; ///< The other rows have any factors and addends.
 
     // Room to work in.
     Offsets* offsets; ///< `most` for each slope.
     Starts* starts; ///< One for each block.
-    GradientDoubt* doubts; ///< `most` for each block.
+    GradientDoubt* doubts; ///< Twice `most` for each block.
 
-    /// Of a slope in a row; nowhere in particular where no channel has any slope.
-    const Offsets* offsetsOf(unsigned table, std::size_t row) const { return offsets + table * most + row; }
+    /// How many rows each block is painted in at a time: in all where they are narrow, which saves setting it
+    /// up anew for each; in one where they are wide, as memory likes it better.
+    std::size_t together() const
+    {
+        const auto& last = blocks[blockCount - 1];
+        return last.x + last.count < 800 ? rowCount : 1;
+    }
+
+    const Offsets* offsetsOf(unsigned table) const { return offsets + table * most; }
 };
 
-/// Paints the rows, and returns how many blocks are in doubt: only their constant channels and their doubtful
-/// pixels may be wrong.
+/// Paints the rows, and returns how many doubts there are: only the constant channels and the doubtful pixels
+/// of their blocks may be wrong. A block may be in doubt twice, for its constant and for its linear channels.
 using GradientRowsPainter = std::size_t (*)(const GradientRows&);
 
 /// The quickest that this processor runs.

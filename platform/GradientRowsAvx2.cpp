@@ -41,6 +41,13 @@ AVX2_INLINE __m256i toPixels(unsigned channel, unsigned topPlace)
         lane + 2 * next, lane + 3 * next);
 }
 
+// Which levels have a fraction in doubt.
+AVX2_INLINE __m256i doubtsIn(__m256i levels)
+{
+    const auto fractions = _mm256_and_si256(levels, _mm256_set1_epi32(0xFFFF));
+    return _mm256_cmpgt_epi32(_mm256_set1_epi32(static_cast<int>(levelDoubt)), fractions);
+}
+
 // Four rows' numbers from `row` on, rounded to whole ones: factor · value + addend, without addends factor ·
 // value.
 AVX2_INLINE __m128i fourRows(const GradientRows& rows, std::size_t row, double value, const double* addends)
@@ -91,12 +98,11 @@ AVX2_INLINE void findStarts(
     pixels = _mm256_or_si256(pixels, _mm256_srli_epi32(_mm256_and_si256(green, mask), 8));
     pixels = _mm256_or_si256(pixels, _mm256_srli_epi32(_mm256_and_si256(blue, mask), 16));
     _mm256_store_si256(reinterpret_cast<__m256i*>(starts.pixels), pixels);
-}
 
-AVX2_INLINE __m256i doubtsIn(__m256i levels)
-{
-    const auto fractions = _mm256_and_si256(levels, _mm256_set1_epi32(0xFFFF));
-    return _mm256_cmpgt_epi32(_mm256_set1_epi32(static_cast<int>(levelDoubt)), fractions);
+    const auto all = _mm256_set1_epi32(-1);
+    const auto least = _mm256_min_epu16(block.linear & 1U ? all : red,
+        _mm256_min_epu16(block.linear & 2U ? all : green, block.linear & 4U ? all : blue));
+    starts.doubtfulRows = static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(doubtsIn(least))));
 }
 
 AVX2 __attribute__((noinline)) std::uint64_t doubtfulPixels(
@@ -107,7 +113,7 @@ AVX2 __attribute__((noinline)) std::uint64_t doubtfulPixels(
         if (!(block.linear >> channel & 1U))
             continue;
         const auto start = _mm256_set1_epi32(starts.levels[channel][r]);
-        const auto* offsets = rows.offsetsOf(block.tables[channel], r)->levels;
+        const auto* offsets = rows.offsetsOf(block.tables[channel])[r].levels;
         for (int x = 0; x < block.count; x += lanes) {
             const auto doubts = doubtsIn(
                 _mm256_add_epi32(start, _mm256_load_si256(reinterpret_cast<const __m256i*>(offsets + x))));
@@ -134,19 +140,23 @@ template <unsigned linear> struct Channels {
     }
 };
 
-// A block in all rows. Returns the new count of doubts.
+struct Range {
+    std::size_t first;
+    std::size_t end;
+};
+
+// A block in some rows. Returns the new count of doubts.
 template <unsigned linear>
-AVX2 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::size_t doubts)
+AVX2 std::size_t paintBlock(const GradientRows& rows, std::size_t index, Range range, std::size_t doubts)
 {
     using Linear = Channels<linear>;
     const auto& block = rows.blocks[index];
-    auto& starts = rows.starts[index];
-    findStarts(rows, block, starts);
+    const auto& starts = rows.starts[index];
 
     __m256i shuffles[3];
     const GradientRows::Offsets* tables[3];
     for (unsigned i = 0; i < Linear::count; ++i) {
-        tables[i] = rows.offsetsOf(block.tables[Linear::numbers[i]], 0);
+        tables[i] = rows.offsetsOf(block.tables[Linear::numbers[i]]);
         shuffles[i] = toPixels(Linear::numbers[i], Linear::topPlace(i));
     }
     constexpr auto constantBytes = static_cast<std::uint32_t>(opaque) | (linear & 1U ? 0 : 0xFF0000U)
@@ -156,17 +166,13 @@ AVX2 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::si
     const auto rest = _mm256_cmpgt_epi32(
         _mm256_set1_epi32(block.count - whole), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
 
-    const auto rowCount = rows.rowCount; // A copy, which need not be read again after each store.
     const auto left = block.x;
 
-    for (std::size_t r = 0; r < rowCount; ++r) {
+    const auto bounds = _mm256_set1_epi32(static_cast<int>(levelDoubt));
+    for (auto r = range.first; r < range.end; ++r) {
         auto* target = rows.targets[r] + left;
         const auto pixel = starts.pixels[r];
         auto least = _mm256_set1_epi32(-1);
-        for (unsigned channel = 0; channel < 3; ++channel) {
-            if (!(linear >> channel & 1U))
-                least = _mm256_min_epu16(least, _mm256_set1_epi32(starts.levels[channel][r]));
-        }
         __m256i bases[3];
         const std::int32_t* offsets[3];
         for (unsigned i = 0; i < Linear::count; ++i) {
@@ -196,7 +202,8 @@ AVX2 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::si
             _mm256_storeu_si256(reinterpret_cast<__m256i*>(target + x), eightPixels(x));
         if (x < block.count)
             _mm256_maskstore_epi32(reinterpret_cast<int*>(target + x), rest, eightPixels(x));
-        const auto inDoubt = doubtsIn(least);
+        // Of each lane's halves only the lower one, the fraction, can be below its bound.
+        const auto inDoubt = _mm256_subs_epu16(bounds, least);
         if (__builtin_expect(!_mm256_testz_si256(inDoubt, inDoubt), false))
             rows.doubts[doubts++] = { r, index, doubtfulPixels(rows, block, starts, r) };
     }
@@ -205,15 +212,27 @@ AVX2 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::si
 
 AVX2 std::size_t paintRows(const GradientRows& rows)
 {
-    using BlockPainter = std::size_t (*)(const GradientRows&, std::size_t, std::size_t);
+    using BlockPainter = std::size_t (*)(const GradientRows&, std::size_t, Range, std::size_t);
     static constexpr BlockPainter painters[] { paintBlock<0>, paintBlock<1>, paintBlock<2>, paintBlock<3>,
         paintBlock<4>, paintBlock<5>, paintBlock<6>, paintBlock<7> };
 
     for (std::size_t i = 0; i < rows.slopeCount; ++i)
         fillOffsets(rows, i);
-    std::size_t doubts = 0;
     for (std::size_t i = 0; i < rows.blockCount; ++i)
-        doubts = painters[rows.blocks[i].linear](rows, i, doubts);
+        findStarts(rows, rows.blocks[i], rows.starts[i]);
+
+    std::size_t doubts = 0;
+    const auto together = rows.together();
+    for (std::size_t r = 0; r < rows.rowCount; r += together) {
+        for (std::size_t i = 0; i < rows.blockCount; ++i)
+            doubts = painters[rows.blocks[i].linear](rows, i, { r, r + together }, doubts);
+    }
+    for (std::size_t i = 0; i < rows.blockCount; ++i) {
+        for (std::size_t r = 0; rows.starts[i].doubtfulRows >> r && r < rows.rowCount; ++r) {
+            if (rows.starts[i].doubtfulRows >> r & 1U)
+                rows.doubts[doubts++] = { r, i, 0 };
+        }
+    }
     return doubts;
 }
 

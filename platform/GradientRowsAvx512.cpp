@@ -40,6 +40,13 @@ AVX512_INLINE void fillOffsets(const GradientRows& rows, std::size_t slope)
     }
 }
 
+// Which levels have a fraction in doubt.
+AVX512_INLINE __mmask16 doubtsIn(__m512i levels)
+{
+    return _mm512_cmplt_epu32_mask(
+        _mm512_and_si512(levels, _mm512_set1_epi32(0xFFFF)), _mm512_set1_epi32(static_cast<int>(levelDoubt)));
+}
+
 AVX512_INLINE __m256i startLevels(const GradientRows& rows, const GradientBlock& block, int channel)
 {
     const auto products = _mm512_mul_pd(_mm512_load_pd(rows.factors), _mm512_set1_pd(block.values[channel]));
@@ -62,12 +69,11 @@ AVX512_INLINE void findStarts(
     pixels = _mm256_or_si256(pixels, _mm256_srli_epi32(_mm256_and_si256(green, thirdByte), 8));
     pixels = _mm256_or_si256(pixels, _mm256_srli_epi32(_mm256_and_si256(blue, thirdByte), 16));
     _mm256_store_si256(reinterpret_cast<__m256i*>(starts.pixels), pixels);
-}
 
-AVX512_INLINE __mmask16 doubtsIn(__m512i levels)
-{
-    return _mm512_cmplt_epu32_mask(
-        _mm512_and_si512(levels, _mm512_set1_epi32(0xFFFF)), _mm512_set1_epi32(static_cast<int>(levelDoubt)));
+    const auto all = _mm256_set1_epi32(-1);
+    const auto least = _mm256_min_epu16(block.linear & 1U ? all : red,
+        _mm256_min_epu16(block.linear & 2U ? all : green, block.linear & 4U ? all : blue));
+    starts.doubtfulRows = doubtsIn(_mm512_inserti64x4(_mm512_set1_epi32(-1), least, 0));
 }
 
 // The first `count` of sixteen pixels.
@@ -84,7 +90,7 @@ AVX512 __attribute__((noinline)) std::uint64_t doubtfulPixels(
         if (!(block.linear >> channel & 1U))
             continue;
         const auto start = _mm512_set1_epi32(starts.levels[channel][r]);
-        const auto* offsets = rows.offsetsOf(block.tables[channel], r)->levels;
+        const auto* offsets = rows.offsetsOf(block.tables[channel])[r].levels;
         for (int x = 0; x < block.count; x += lanes) {
             const auto counting = firstPixels(block.count - x < lanes ? block.count - x : lanes);
             const auto doubts = doubtsIn(_mm512_add_epi32(start, _mm512_load_si512(offsets + x))) & counting;
@@ -94,25 +100,30 @@ AVX512 __attribute__((noinline)) std::uint64_t doubtfulPixels(
     return pixels;
 }
 
-// A block in all rows; `vectors` is how many times sixteen pixels it needs. Returns the new count of doubts.
+struct Range {
+    std::size_t first;
+    std::size_t end;
+};
+
+// A block in some rows; `vectors` is how many times sixteen pixels it needs. Returns the new count of doubts.
 template <unsigned linear, int vectors>
-AVX512 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::size_t doubts)
+AVX512 std::size_t paintBlock(const GradientRows& rows, std::size_t index, Range range, std::size_t doubts)
 {
     const auto& block = rows.blocks[index];
-    auto& starts = rows.starts[index];
-    findStarts(rows, block, starts);
+    const auto& starts = rows.starts[index];
 
     // Each lane's third byte, wherever in the pixel it is asked for.
     const auto thirdBytes = _mm512_set4_epi32(0x0E0E0E0E, 0x0A0A0A0A, 0x06060606, 0x02020202);
     constexpr __mmask64 masks[3] { 0x4444444444444444, 0x2222222222222222, 0x1111111111111111 };
+    const auto bounds = _mm512_set1_epi32(static_cast<int>(levelDoubt));
     const auto last = firstPixels(block.count - (vectors - 1) * lanes);
     const GradientRows::Offsets* tables[3];
     for (unsigned channel = 0; channel < 3; ++channel)
-        tables[channel] = rows.offsetsOf(block.tables[channel], 0);
-    const auto rowCount = rows.rowCount; // A copy, which need not be read again after each store.
+        tables[channel] = rows.offsetsOf(block.tables[channel]);
     const auto left = block.x;
+    const auto toNext = rows.toNextTargets;
 
-    for (std::size_t r = 0; r < rowCount; ++r) {
+    for (auto r = range.first; r < range.end; ++r) {
         auto* target = rows.targets[r] + left;
         const auto constant = _mm512_set1_epi32(static_cast<int>(starts.pixels[r]));
         __m512i pixels[vectors];
@@ -120,11 +131,9 @@ AVX512 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::
             sixteen = constant;
         auto least = _mm512_set1_epi32(-1);
         for (unsigned channel = 0; channel < 3; ++channel) {
-            const auto start = _mm512_set1_epi32(starts.levels[channel][r]);
-            if (!(linear >> channel & 1U)) {
-                least = _mm512_min_epu16(least, start);
+            if (!(linear >> channel & 1U))
                 continue;
-            }
+            const auto start = _mm512_set1_epi32(starts.levels[channel][r]);
             for (int i = 0; i < vectors; ++i) {
                 const auto levels
                     = _mm512_add_epi32(start, _mm512_load_si512(tables[channel][r].levels + i * lanes));
@@ -132,41 +141,59 @@ AVX512 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::
                 least = _mm512_min_epu16(least, levels);
             }
         }
+        if (toNext) {
+            const auto next = reinterpret_cast<std::uintptr_t>(target) + toNext;
+            for (unsigned i = 0; i < vectors; ++i)
+                __builtin_prefetch(reinterpret_cast<const void*>(next + i * sizeof(__m512i)));
+        }
         for (int i = 0; i < vectors - 1; ++i)
             _mm512_storeu_si512(target + i * lanes, pixels[i]);
         _mm512_mask_storeu_epi32(target + (vectors - 1) * lanes, last, pixels[vectors - 1]);
-        if (__builtin_expect(doubtsIn(least) != 0, false))
+        // Of each lane's halves only the lower one, the fraction, can be below its bound.
+        if (__builtin_expect(_mm512_cmplt_epu16_mask(least, bounds) != 0, false))
             rows.doubts[doubts++] = { r, index, doubtfulPixels(rows, block, starts, r) };
     }
     return doubts;
 }
 
 template <unsigned linear>
-AVX512 std::size_t paintBlock(const GradientRows& rows, std::size_t index, std::size_t doubts)
+AVX512 std::size_t paintBlock(const GradientRows& rows, std::size_t index, Range range, std::size_t doubts)
 {
     switch ((rows.blocks[index].count - 1) / lanes) {
     case 0:
-        return paintBlock<linear, 1>(rows, index, doubts);
+        return paintBlock<linear, 1>(rows, index, range, doubts);
     case 1:
-        return paintBlock<linear, 2>(rows, index, doubts);
+        return paintBlock<linear, 2>(rows, index, range, doubts);
     case 2:
-        return paintBlock<linear, 3>(rows, index, doubts);
+        return paintBlock<linear, 3>(rows, index, range, doubts);
     default:
-        return paintBlock<linear, 4>(rows, index, doubts);
+        return paintBlock<linear, 4>(rows, index, range, doubts);
     }
 }
 
 AVX512 std::size_t paintRows(const GradientRows& rows)
 {
-    using BlockPainter = std::size_t (*)(const GradientRows&, std::size_t, std::size_t);
+    using BlockPainter = std::size_t (*)(const GradientRows&, std::size_t, Range, std::size_t);
     static constexpr BlockPainter painters[] { paintBlock<0>, paintBlock<1>, paintBlock<2>, paintBlock<3>,
         paintBlock<4>, paintBlock<5>, paintBlock<6>, paintBlock<7> };
 
     for (std::size_t i = 0; i < rows.slopeCount; ++i)
         fillOffsets(rows, i);
-    std::size_t doubts = 0;
     for (std::size_t i = 0; i < rows.blockCount; ++i)
-        doubts = painters[rows.blocks[i].linear](rows, i, doubts);
+        findStarts(rows, rows.blocks[i], rows.starts[i]);
+
+    std::size_t doubts = 0;
+    const auto together = rows.together();
+    for (std::size_t r = 0; r < rows.rowCount; r += together) {
+        for (std::size_t i = 0; i < rows.blockCount; ++i)
+            doubts = painters[rows.blocks[i].linear](rows, i, { r, r + together }, doubts);
+    }
+    for (std::size_t i = 0; i < rows.blockCount; ++i) {
+        for (std::size_t r = 0; rows.starts[i].doubtfulRows >> r && r < rows.rowCount; ++r) {
+            if (rows.starts[i].doubtfulRows >> r & 1U)
+                rows.doubts[doubts++] = { r, i, 0 };
+        }
+    }
     return doubts;
 }
 

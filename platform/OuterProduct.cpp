@@ -89,9 +89,31 @@ void OuterProduct::addShade(const GradientOperation& operation)
             stretch.color[c] = first[c];
             stretch.colorChange[c] = second[c] - first[c];
         }
+        stretch.isBlack = first[0] + first[1] + first[2] + second[0] + second[1] + second[2] == 0;
         stretch.alpha = first[3];
         stretch.alphaChange = second[3] - first[3];
         _stretches.push_back(stretch);
+    }
+}
+
+// Lays a gradient on top over `count` rows from the `first` on, each at its own part of the stretch.
+template <int count> void OuterProduct::apply(Stretch stretch, const double* parts, Rows& rows, int first)
+{
+    double alphas[count];
+    double throughs[count];
+    for (int i = 0; i < count; ++i) {
+        alphas[i] = stretch.alpha + stretch.alphaChange * parts[i];
+        throughs[i] = 1 - alphas[i];
+        rows.factors[first + i] *= throughs[i];
+    }
+    for (int c = 0; c < 3; ++c) {
+        auto* addends = rows.addends[c] + first;
+        for (int i = 0; i < count; ++i)
+            addends[i] *= throughs[i];
+        if (stretch.isBlack)
+            continue;
+        for (int i = 0; i < count; ++i)
+            addends[i] += (stretch.color[c] + stretch.colorChange[c] * parts[i]) * alphas[i];
     }
 }
 
@@ -99,30 +121,24 @@ OuterProduct::Rows OuterProduct::findRows(int y) const
 {
     Rows rows {};
     std::fill_n(rows.factors, rowCount, 1.0);
-    const auto apply = [&](const Stretch& stretch, double part, int i) {
-        const auto alpha = stretch.alpha + stretch.alphaChange * part;
-        const auto through = 1 - alpha;
-        for (int c = 0; c < 3; ++c) {
-            const auto color = stretch.color[c] + stretch.colorChange[c] * part;
-            rows.addends[c][i] = rows.addends[c][i] * through + color * alpha;
-        }
-        rows.factors[i] *= through;
-    };
     for (const auto& shade : _shades) {
         // In half pixels, at the centre of each: from the gradient's start on.
         auto position = 2 * (shade.reversed ? _height - 1 - y : y) + 1;
         const auto step = shade.reversed ? -2 : 2;
         if (shade.stretchCount == 1) {
-            const auto stretch = _stretches[shade.firstStretch];
+            const auto first = static_cast<double>(position) * _halfPixel;
+            const auto each = step * _halfPixel;
+            double parts[rowCount];
             for (int i = 0; i < rowCount; ++i)
-                apply(stretch, (static_cast<double>(position) + step * i) * _halfPixel, i);
+                parts[i] = first + each * i;
+            apply<rowCount>(_stretches[shade.firstStretch], parts, rows, 0);
             continue;
         }
         for (int i = 0; i < rowCount; ++i, position += step) {
             const auto scaled = std::clamp<std::int64_t>(position, 0, 2 * _height - 1) * shade.stretchCount;
             const auto stretch = static_cast<std::size_t>(scaled / (2 * _height));
-            apply(_stretches[shade.firstStretch + stretch],
-                static_cast<double>(scaled % (2 * _height)) * _halfPixel, i);
+            const auto part = static_cast<double>(scaled % (2 * _height)) * _halfPixel;
+            apply<1>(_stretches[shade.firstStretch + stretch], &part, rows, i);
         }
     }
     return rows;

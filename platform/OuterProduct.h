@@ -45,10 +45,11 @@ public:
 private:
     /// A gradient on top, from one stop to the next.
     struct Stretch {
-        double color[4]; ///< Red, green, blue and 0.
-        double colorChange[4];
+        double color[3];
+        double colorChange[3];
         double alpha;
         double alphaChange;
+        bool isBlack;
     };
     struct Shade {
         std::size_t firstStretch;
@@ -58,6 +59,7 @@ private:
 
     OuterProduct() = default;
     void addShade(const GradientOperation&);
+    template <int count> static void apply(Stretch, const double* parts, Rows&, int first);
 
     std::vector<Segment> _segments;
     std::vector<Shade> _shades;
