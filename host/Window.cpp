@@ -11,7 +11,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -134,6 +134,7 @@ public:
         _last->setText(QStringLiteral("Nothing written or posted yet"));
         _toggle->setText(presentToggleText());
         _view->setFocus();
+        connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, &QWidget::close);
         _listener = Journal::shared().listen([this](const JournalEntry& entry) {
             if (const auto text = textFor(entry); !text.isEmpty())
                 _last->setText(text);

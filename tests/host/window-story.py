@@ -53,7 +53,7 @@ def story(program, scratch, environment):
         x("type", "Hi there")
         x("key", "Return")
         expect(observer, r'"buttonText": "Vekora" -> "Hi there"$')
-        x("windowquit", number)
+        x("key", "ctrl+q")
         if window.wait() != 0:
             sys.exit(f"The window ended with {window.returncode}.")
         observer.terminate()
