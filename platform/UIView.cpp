@@ -9,8 +9,6 @@ namespace platform {
 
 namespace {
 
-constexpr CGFloat invisibleAlpha = 0.01; // Below it a view takes no touches.
-
 CGFloat length(CGFloat value)
 {
     return value > 0 && std::isfinite(value) ? value : 0;
@@ -195,80 +193,6 @@ void UIView::setAutoresizesSubviews(bool resizes)
     _impl->autoresizesSubviews = resizes;
 }
 
-void UIView::addSubview(const Ref<UIView>& view)
-{
-    insertSubviewAtIndex(view, _impl->subviews.size());
-}
-
-void UIView::insertSubviewAtIndex(const Ref<UIView>& view, std::size_t index)
-{
-    if (!view || isDescendantOfView(*view))
-        return;
-    const auto kept = view;
-    kept->removeFromSuperview();
-    index = std::min(index, _impl->subviews.size());
-    _impl->subviews.insert(_impl->subviews.begin() + static_cast<std::ptrdiff_t>(index), kept);
-    kept->_impl->superview = this;
-    kept->moveToWindow(_impl->window);
-    setNeedsLayout();
-    // The newcomer brings its own marks along.
-    _impl->pendingBelow = false;
-    _impl->markPending();
-    kept->_impl->damage();
-}
-
-void UIView::removeFromSuperview()
-{
-    auto* const parent = _impl->superview;
-    if (!parent)
-        return;
-    _impl->damage();
-    auto& siblings = parent->_impl->subviews;
-    const auto found = std::find_if(
-        siblings.begin(), siblings.end(), [&](const auto& sibling) { return sibling.get() == this; });
-    const auto kept = *found;
-    siblings.erase(found);
-    _impl->superview = nullptr;
-    moveToWindow(nullptr);
-    parent->setNeedsLayout();
-}
-
-void UIView::moveToWindow(UIWindow* window)
-{
-    if (_impl->window == window)
-        return;
-    if (_impl->window)
-        _impl->window->_viewIsGone(this);
-    _impl->window = window;
-    for (std::size_t index = 0; index < _impl->subviews.size(); ++index) {
-        const auto subview = _impl->subviews[index];
-        subview->moveToWindow(window);
-    }
-    didMoveToWindow();
-}
-
-const std::vector<Ref<UIView>>& UIView::subviews() const
-{
-    return _impl->subviews;
-}
-UIView* UIView::superview() const
-{
-    return _impl->superview;
-}
-UIWindow* UIView::window() const
-{
-    return _impl->window;
-}
-
-bool UIView::isDescendantOfView(const UIView& ancestor) const
-{
-    for (const auto* view = this; view; view = view->superview()) {
-        if (view == &ancestor)
-            return true;
-    }
-    return false;
-}
-
 CALayer& UIView::layer()
 {
     return _impl->layer;
@@ -398,81 +322,11 @@ void UIView::sizeToFit()
     setFrame({ _impl->origin.x, _impl->origin.y, size.width, size.height });
 }
 
-CGPoint UIView::convertPointToView(CGPoint point, const UIView* other) const
-{
-    const auto toTop = [](CGPoint p, const UIView* view) {
-        for (; view && view->superview(); view = view->superview()) {
-            p.x += view->_impl->origin.x - view->_impl->bounds.x;
-            p.y += view->_impl->origin.y - view->_impl->bounds.y;
-        }
-        return p;
-    };
-    const auto inWindow = toTop(point, this);
-    const auto origin = toTop({}, other);
-    return { inWindow.x - origin.x, inWindow.y - origin.y };
-}
-
-CGPoint UIView::convertPointFromView(CGPoint point, const UIView* other) const
-{
-    const auto origin = convertPointToView({}, other);
-    return { point.x - origin.x, point.y - origin.y };
-}
-
-CGRect UIView::convertRectToView(CGRect rect, const UIView* other) const
-{
-    const auto origin = convertPointToView(rect.origin(), other);
-    return { origin.x, origin.y, rect.width, rect.height };
-}
-
-UIView* UIView::hitTestWithEvent(CGPoint point, UIEvent* event)
-{
-    if (_impl->hidden || !_impl->userInteractionEnabled || _impl->alpha < invisibleAlpha
-        || !pointInsideWithEvent(point, event))
-        return nullptr;
-    for (auto subview = _impl->subviews.rbegin(); subview != _impl->subviews.rend(); ++subview) {
-        const auto& impl = (*subview)->impl();
-        const CGPoint inSubview { point.x - impl.origin.x + impl.bounds.x,
-            point.y - impl.origin.y + impl.bounds.y };
-        if (auto* hit = (*subview)->hitTestWithEvent(inSubview, event))
-            return hit;
-    }
-    return this;
-}
-
-bool UIView::pointInsideWithEvent(CGPoint point, UIEvent*) const
-{
-    return CGRectContainsPoint(_impl->bounds, point);
-}
-
 void UIView::layoutSubviews() { }
 void UIView::drawRect(CGRect)
 {
     _impl->draws = false;
 }
 void UIView::didMoveToWindow() { }
-
-void UIView::touchesBeganWithEvent(UIEvent& event)
-{
-    if (auto* parent = _impl->superview)
-        parent->touchesBeganWithEvent(event);
-}
-
-void UIView::touchesMovedWithEvent(UIEvent& event)
-{
-    if (auto* parent = _impl->superview)
-        parent->touchesMovedWithEvent(event);
-}
-
-void UIView::touchesEndedWithEvent(UIEvent& event)
-{
-    if (auto* parent = _impl->superview)
-        parent->touchesEndedWithEvent(event);
-}
-
-void UIView::touchesCancelledWithEvent(UIEvent& event)
-{
-    if (auto* parent = _impl->superview)
-        parent->touchesCancelledWithEvent(event);
-}
 
 }
