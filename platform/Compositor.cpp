@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t mostPieces
     = 12; // Of what is left of an item under opaque ones; beyond, it is just painted.
+constexpr int mostRowsRead = 64; // At a time: each reading of contents has to set itself up.
 constexpr int smallestOccluder = 2048; // Pixels; cutting around less than that does not pay.
 
 // What of `rect` lies outside `hole`: up to four pieces.
@@ -346,13 +347,20 @@ void Compositor::paintContents(const Item& item, PixelRect part)
         direct = {}; // Rows are painted whole, one way or the other.
     if (!direct.isEmpty())
         contents.read(inContents(direct), targetRow(direct.y, direct.x), _target.width);
-    _row.resize(static_cast<std::size_t>(part.width));
-    for (int y = part.y; y < part.bottom(); ++y) {
-        if (!direct.isEmpty() && y >= direct.y && y < direct.bottom())
-            continue;
-        contents.read(inContents({ part.x, y, part.width, 1 }), _row.data(), part.width);
-        blendRow(y, part.x, _row.size(), _row.data(), nullptr, item.mask);
-    }
+    const auto blendBand = [&](int top, int bottom) {
+        for (int y = top; y < bottom; y += mostRowsRead) {
+            const PixelRect band { part.x, y, part.width, std::min(mostRowsRead, bottom - y) };
+            _row.resize(static_cast<std::size_t>(band.width) * static_cast<std::size_t>(band.height));
+            contents.read(inContents(band), _row.data(), band.width);
+            for (int row = 0; row < band.height; ++row)
+                blendRow(y + row, band.x, static_cast<std::size_t>(band.width),
+                    _row.data() + static_cast<std::ptrdiff_t>(row) * band.width, nullptr, item.mask);
+        }
+    };
+    if (direct.isEmpty())
+        return blendBand(part.y, part.bottom());
+    blendBand(part.y, direct.y);
+    blendBand(direct.bottom(), part.bottom());
 }
 
 void Compositor::paintBorder(const Item& item, PixelRect part)
