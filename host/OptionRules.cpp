@@ -115,19 +115,19 @@ std::string takeVersion(Options& options, const std::string&)
 }
 
 constexpr OptionRule rules[] = {
-    { "--root", "DIR", OptionRule::Everywhere, takeRoot,
+    { "--root", "DIR", OptionRule::WithRoot, takeRoot,
         "the folder that stands for the device's file system" },
     { "--size", "WxH", OptionRule::WithPhone, takeSize, "the window in points (375x667)" },
     { "--scale", "N", OptionRule::WithPhone, takeScale,
         "pixels a point: 1, 2 or 3 (2; in a window, its screen's)" },
     { "--locale", "NAME", OptionRule::WithPhone, takeLocale, "as en_US or ar_EG (the environment's)" },
-    { "--timezone", "NAME", OptionRule::Everywhere, takeTimeZone, "as Europe/Berlin (the system's)" },
+    { "--timezone", "NAME", OptionRule::WithRoot, takeTimeZone, "as Europe/Berlin (the system's)" },
     { "--now", "TIME", OptionRule::WithPhone, takeNow, "the clock stands still at this instant, ISO 8601" },
     { "--toggle", "", OptionRule::WithPhone, takeToggle, "with the stand-in companion toggle" },
     { "--statusbar", "", OptionRule::WithPhone, takeStatusBar, "with the status-bar library's file" },
     { "--bundle", "DIR", OptionRule::WithPhone, takeBundle, "another bundle's folder" },
     { "--keep-going", "", OptionRule::InDrive, takeKeepGoing, "go on after a command that failed" },
-    { "--help", "", OptionRule::Everywhere, takeHelp, "print this" },
+    { "--help", "", OptionRule::Everywhere, takeHelp, "print this, or all about the command before it" },
     { "--version", "", OptionRule::Everywhere, takeVersion, "print the version" },
 };
 

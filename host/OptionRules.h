@@ -8,7 +8,15 @@ namespace host {
 
 /// One option of the command line: where it counts, and what its value does.
 struct OptionRule {
-    enum Where : unsigned { InWindow = 1, InDrive = 2, InObserve = 4, Everywhere = 7, WithPhone = 3 };
+    enum Where : unsigned {
+        InWindow = 1,
+        InDrive = 2,
+        InObserve = 4,
+        InHelp = 8,
+        WithPhone = InWindow | InDrive,
+        WithRoot = WithPhone | InObserve,
+        Everywhere = ~0U,
+    };
 
     std::string_view name;
     std::string_view value; ///< How the help calls it; empty for an option without one.

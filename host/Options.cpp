@@ -1,5 +1,6 @@
 #include "Options.h"
 
+#include "CommandRules.h"
 #include "OptionRules.h"
 #include "platform/qt/Region.h"
 
@@ -14,42 +15,6 @@ using Mode = Options::Mode;
 std::string quoted(const std::string& text)
 {
     return '"' + text + '"';
-}
-
-struct SubCommand {
-    std::string_view name;
-    Mode mode;
-};
-
-constexpr SubCommand subCommands[] = {
-    { "drive", Mode::Drive },
-    { "gallery", Mode::Gallery },
-    { "observe", Mode::Observe },
-};
-
-bool isSubCommand(std::string_view word)
-{
-    for (const auto& command : subCommands) {
-        if (command.name == word)
-            return true;
-    }
-    return false;
-}
-
-unsigned placeOf(Mode mode)
-{
-    return mode == Mode::Drive  ? OptionRule::InDrive
-        : mode == Mode::Observe ? OptionRule::InObserve
-                                : OptionRule::InWindow;
-}
-
-std::string nameOf(Mode mode)
-{
-    for (const auto& command : subCommands) {
-        if (command.mode == mode)
-            return std::string(command.name);
-    }
-    return "the window";
 }
 
 const OptionRule* ruleNamed(std::string_view name)
@@ -70,7 +35,7 @@ public:
 
     std::variant<Options, std::string> parse()
     {
-        takeSubCommand();
+        takeCommand();
         bool optionsMayFollow = true;
         while (_place < _words.size() && _error.empty()) {
             const auto& word = _words[_place++];
@@ -79,25 +44,33 @@ public:
             else if (optionsMayFollow && word.size() > 1 && word[0] == '-')
                 takeOption(word);
             else
-                takeScript(word);
+                takeOperand(word);
         }
-        if (_error.empty() && _options.mode == _command)
+        if (_error.empty() && _options.mode == _command->mode) {
+            checkOperand();
             fillIn();
+        } else if (_options.mode == Mode::Help) {
+            _options.topic = _command->name; // "drive --help"
+        }
         if (!_error.empty())
             return _error;
         return _options;
     }
 
 private:
-    void takeSubCommand()
+    void takeCommand()
     {
-        for (const auto& command : subCommands) {
-            if (!_words.empty() && _words[0] == command.name) {
-                _options.mode = command.mode;
-                _place = 1;
-            }
+        if (const auto* command = _words.empty() ? nullptr : commandNamed(_words[0]);
+            command && !_words[0].empty()) {
+            _command = command;
+            _place = 1;
         }
-        _command = _options.mode;
+        _options.mode = _command->mode;
+    }
+
+    std::string nameOfCommand() const
+    {
+        return _command->name.empty() ? "the window" : std::string(_command->name);
     }
 
     void takeOption(const std::string& word)
@@ -107,8 +80,8 @@ private:
         const OptionRule* rule = ruleNamed(name);
         if (!rule) {
             _error = "There is no option " + quoted(name) + "; --help lists them.";
-        } else if (!(rule->where & placeOf(_command))) {
-            _error = name + " is no option of " + nameOf(_command) + ".";
+        } else if (!(rule->where & _command->place)) {
+            _error = name + " is no option of " + nameOfCommand() + ".";
         } else if (rule->value.empty()) {
             _error = equals == std::string::npos ? rule->take(_options, {}) : name + " takes no value.";
         } else if (equals != std::string::npos) {
@@ -120,20 +93,27 @@ private:
         }
     }
 
-    void takeScript(const std::string& word)
+    void takeOperand(const std::string& word)
     {
-        const auto opensWindow = _command == Mode::Window || _command == Mode::Gallery;
-        if (opensWindow && isSubCommand(word))
+        const std::string name(_command->name);
+        if (_command->place == OptionRule::InWindow && !word.empty() && commandNamed(word))
             _error = word + " must be the first word.";
-        else if (opensWindow)
+        else if (_command->place == OptionRule::InWindow)
             _error = "There is no command " + quoted(word) + "; --help lists them.";
-        else if (_command == Mode::Observe)
-            _error = "observe takes no further word than its options, but there is " + quoted(word) + ".";
-        else if (_hasScript)
-            _error = "drive takes one script, but there is " + quoted(word) + " too.";
+        else if (_command->takes == CommandRule::Operand::None)
+            _error = name + " takes no further word than its options, but there is " + quoted(word) + ".";
+        else if (_hasOperand)
+            _error = name + " takes one " + std::string(_command->operandName) + ", but there is "
+                + quoted(word) + " too.";
         else
-            _options.script = word;
-        _hasScript = true;
+            _error = _command->take(_options, word);
+        _hasOperand = true;
+    }
+
+    void checkOperand()
+    {
+        if (_command->takes == CommandRule::Operand::Needed && !_hasOperand)
+            _error = std::string(_command->name) + " needs a " + std::string(_command->operandName) + ".";
     }
 
     void fillIn()
@@ -141,9 +121,9 @@ private:
         auto& phone = _options.phone;
         if (phone.timeZone.empty())
             phone.timeZone = platform::systemTimeZone();
-        if (phone.locale.empty() && _command != Mode::Observe)
+        if (phone.locale.empty() && _command->mode != Mode::Observe)
             phone.locale = platform::environmentLocale();
-        if (phone.root.empty())
+        if (phone.root.empty() && (_command->place & OptionRule::WithRoot))
             fillInRoot();
     }
 
@@ -161,8 +141,8 @@ private:
 
     std::span<const std::string> _words;
     std::size_t _place = 0;
-    Mode _command = Mode::Window;
-    bool _hasScript = false;
+    const CommandRule* _command = commandNamed({});
+    bool _hasOperand = false;
     Options _options;
     std::string _error;
 };
@@ -172,22 +152,6 @@ private:
 std::variant<Options, std::string> parseOptions(std::span<const std::string> words)
 {
     return Parser(words).parse();
-}
-
-std::string helpText()
-{
-    std::string text = "vekora [options]                    open the window\n"
-                       "vekora drive [options] [SCRIPT|-]   let a script drive the pane (docs/driver.md)\n"
-                       "vekora observe [options]            print each change of the preferences\n"
-                       "vekora gallery [options]            show every picker and gradient view\n"
-                       "\n";
-    constexpr std::size_t column = 20;
-    for (const auto& rule : optionRules()) {
-        auto line = "  " + std::string(rule.name) + (rule.value.empty() ? "" : " ") + std::string(rule.value);
-        line.resize(std::max(line.size() + 1, column), ' ');
-        text += line + std::string(rule.help) + '\n';
-    }
-    return text;
 }
 
 }

@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace host {
@@ -18,6 +19,7 @@ struct Options {
     bool scaleIsGiven = false; ///< Otherwise a window takes its screen's.
     bool keepGoing = false; ///< Of `drive`: go on after a command that failed.
     std::string script = "-"; ///< Of `drive`: a file, or "-" for standard input.
+    std::string topic; ///< Of `help`: a command's name; empty for all of them.
 };
 
 /// The words after the program's name as options, or one sentence that says what is wrong with them. Numbers,
@@ -25,7 +27,7 @@ struct Options {
 /// given twice counts.
 std::variant<Options, std::string> parseOptions(std::span<const std::string> words);
 
-/// What `--help` prints.
-std::string helpText();
+/// What `--help` prints: of all commands, or all about one.
+std::string helpText(std::string_view topic = {});
 
 }

@@ -21,7 +21,7 @@ int run(int argc, char** argv, const host::Options& options)
     case Mode::Observe:
         return host::runObserve(options);
     case Mode::Help:
-        std::fputs(host::helpText().c_str(), stdout);
+        std::fputs(host::helpText(options.topic).c_str(), stdout);
         return 0;
     case Mode::Version:
         std::puts("vekora " VEKORA_VERSION);

@@ -1,8 +1,10 @@
-#include "host/Options.h"
+#include "host/CommandRules.h"
+#include "host/OptionRules.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sstream>
 
 using host::Options;
 using host::parseOptions;
@@ -206,12 +208,59 @@ TEST(Options, RefusesWhatAnotherCommandTakes)
     EXPECT_EQ(options({ "observe", "--root", "/r", "--timezone", "UTC" }).phone.root, "/r");
 }
 
-TEST(Options, HelpNamesEveryOption)
+TEST(Options, ExplainsOneCommandWhenItIsNamed)
+{
+    EXPECT_EQ(options({ "--help" }).topic, "");
+    EXPECT_EQ(options({ "help" }).topic, "");
+    EXPECT_EQ(options({ "help", "drive" }).topic, "drive");
+    EXPECT_EQ(options({ "drive", "--help" }).topic, "drive");
+    EXPECT_EQ(error({ "help", "fly" }), "There is no command \"fly\"; --help lists them.");
+    EXPECT_EQ(error({ "help", "drive", "observe" }), "help takes one command, but there is \"observe\" too.");
+}
+
+TEST(Options, HelpNeedsNoHomeFolder)
+{
+    const Variable data("XDG_DATA_HOME", nullptr);
+    const Variable home("HOME", nullptr);
+    EXPECT_EQ(options({ "help" }).mode, Mode::Help);
+}
+
+TEST(Options, HelpNamesEveryCommandAndOptionOnALineOfItsOwn)
 {
     const auto help = host::helpText();
-    for (const char* option : { "drive", "observe", "--root", "--size", "--scale", "--locale", "--timezone",
-             "--now", "--toggle", "--statusbar", "--keep-going", "--bundle", "--help", "--version" })
-        EXPECT_NE(help.find(option), std::string::npos) << option;
+    for (const auto& rule : host::commandRules())
+        EXPECT_NE(help.find("\n  " + std::string(rule.name.empty() ? "(none)" : rule.name) + ' '),
+            std::string::npos)
+            << rule.name;
+    for (const auto& rule : host::optionRules())
+        EXPECT_NE(help.find("\n  " + std::string(rule.name) + ' '), std::string::npos) << rule.name;
+}
+
+TEST(Options, HelpOfACommandLeavesOutWhatItDoesNotTake)
+{
+    for (const auto& command : host::commandRules()) {
+        if (command.name.empty())
+            continue;
+        const auto help = host::helpText(command.name);
+        EXPECT_TRUE(help.starts_with("Usage: vekora-host " + std::string(command.name))) << help;
+        for (const auto& rule : host::optionRules()) {
+            const bool listed = help.find("\n  " + std::string(rule.name) + ' ') != std::string::npos;
+            EXPECT_EQ(listed, (rule.where & command.place) != 0) << command.name << rule.name;
+        }
+    }
+}
+
+TEST(Options, EveryExampleIsACommandLine)
+{
+    for (const auto& example : host::usageExamples()) {
+        std::vector<std::string> words;
+        std::istringstream line { std::string(example.line) };
+        for (std::string word; line >> word;)
+            words.push_back(word);
+        const auto command = host::commandNamed(example.command);
+        ASSERT_NE(command, nullptr) << example.line;
+        EXPECT_EQ(options(words).mode, command->mode) << example.line;
+    }
 }
 
 }

@@ -1,0 +1,63 @@
+#include "CommandRules.h"
+
+#include "OptionRules.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+using Mode = Options::Mode;
+using Operand = CommandRule::Operand;
+
+std::string takeScript(Options& options, const std::string& word)
+{
+    options.script = word;
+    return {};
+}
+
+std::string takeTopic(Options& options, const std::string& word)
+{
+    options.topic = word;
+    return commandNamed(word) && !word.empty() ? ""
+                                               : "There is no command \"" + word + "\"; --help lists them.";
+}
+
+constexpr CommandRule rules[] = {
+    { "", Mode::Window, OptionRule::InWindow, "open the window" },
+    { "drive", Mode::Drive, OptionRule::InDrive, "let a script drive the pane, without a display",
+        "[SCRIPT|-]", "script", Operand::Allowed, takeScript },
+    { "gallery", Mode::Gallery, OptionRule::InWindow, "show every picker and gradient view in the window" },
+    { "help", Mode::Help, OptionRule::InHelp, "print this, or all about one command", "[COMMAND]", "command",
+        Operand::Allowed, takeTopic },
+    { "observe", Mode::Observe, OptionRule::InObserve, "print each change of the preferences" },
+};
+
+constexpr UsageExample examples[] = {
+    { "", "--size 320x568 --locale de_DE", "a small phone that speaks German" },
+    { "", "--bundle Hello.bundle", "a pane of your own" },
+    { "drive", "drive --root /tmp/phone script.txt", "what a script taps and types" },
+    { "observe", "observe", "beside a window: what is stored and told" },
+};
+
+}
+
+std::span<const CommandRule> commandRules()
+{
+    return rules;
+}
+
+const CommandRule* commandNamed(std::string_view name)
+{
+    const auto* found = std::find_if(
+        std::begin(rules), std::end(rules), [&](const CommandRule& rule) { return rule.name == name; });
+    return found == std::end(rules) ? nullptr : found;
+}
+
+std::span<const UsageExample> usageExamples()
+{
+    return examples;
+}
+
+}
