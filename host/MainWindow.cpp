@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "inspector/InspectorMemory.h"
 #include "PhoneView.h"
 #include "platform/FSSwitchPanel.h"
 #include "platform/Journal.h"
@@ -7,7 +8,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QScreen>
 #include <QShortcut>
+#include <QSplitter>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace host {
@@ -93,25 +97,25 @@ private:
 };
 
 MainWindow::MainWindow(Phone& phone)
-    : _view(new PhoneView(phone, this))
+    : _phone(phone)
+    , _view(new PhoneView(phone, this))
+    , _splitter(new QSplitter(this))
     , _last(new Line(this))
     , _toggle(new QLabel(this))
+    , _inspectorButton(new QToolButton(this))
 {
-    auto* const line = new QHBoxLayout;
-    line->setContentsMargins(12, 6, 12, 6);
-    line->addWidget(_last, 1);
-    line->addWidget(_toggle);
-    auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(_view, 1);
-    column->addLayout(line);
-    line->setSpacing(12);
+    layOut();
     _toggle->setFont(_last->font());
     _last->setText(QStringLiteral("Nothing written or posted yet"));
     _toggle->setText(presentToggleText());
     _view->setFocus();
-    connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, &QWidget::close);
+    auto* const quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this);
+    connect(quit, &QShortcut::activated, this, &QWidget::close);
+    auto* const showOrHide = new QShortcut(this);
+    showOrHide->setKeys({ QKeySequence(Qt::CTRL | Qt::Key_I), QKeySequence(Qt::Key_F12) });
+    connect(showOrHide, &QShortcut::activated, this, [this] { setInspectorShown(!inspectorIsShown()); });
+    connect(_inspectorButton, &QToolButton::clicked, this, &MainWindow::setInspectorShown);
+    showLastInspector();
     _listener = Journal::shared().listen([this](const JournalEntry& entry) {
         if (const auto text = textFor(entry); !text.isEmpty())
             _last->setText(text);
@@ -123,6 +127,88 @@ MainWindow::MainWindow(Phone& phone)
 MainWindow::~MainWindow()
 {
     Journal::shared().stop(_listener);
+    if (_inspector)
+        rememberInspector();
+}
+
+void MainWindow::layOut()
+{
+    _inspectorButton->setText(QStringLiteral("Inspector"));
+    _inspectorButton->setToolTip(QStringLiteral("Shows or hides the inspector (Ctrl+I, F12)"));
+    _inspectorButton->setCheckable(true);
+    _inspectorButton->setAutoRaise(true);
+    _inspectorButton->setFocusPolicy(Qt::NoFocus); // Keys stay with the phone.
+    _inspectorButton->setFont(_last->font());
+    _splitter->addWidget(_view);
+    _splitter->setChildrenCollapsible(false);
+    auto* const line = new QHBoxLayout;
+    line->setContentsMargins(12, 3, 6, 3);
+    line->setSpacing(12);
+    line->addWidget(_last, 1);
+    line->addWidget(_toggle);
+    line->addWidget(_inspectorButton);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(_splitter, 1);
+    column->addLayout(line);
+}
+
+void MainWindow::showLastInspector()
+{
+    const auto memory = InspectorMemory::load();
+    _inspectorWidth = memory.width;
+    // A window that is not sized by hand takes two thirds of the screen at most.
+    resize(sizeHint().boundedTo(screen()->availableSize()));
+    if (!memory.isShown)
+        return;
+    setInspectorShown(true);
+    _inspector->setCurrentPage(memory.page);
+}
+
+bool MainWindow::inspectorIsShown() const
+{
+    return _inspector && !_inspector->isHidden();
+}
+
+void MainWindow::setInspectorShown(bool isShown)
+{
+    _inspectorButton->setChecked(isShown);
+    if (isShown == inspectorIsShown())
+        return;
+    // The phone's width is held while the window gets another; else the screen's size would change twice.
+    const auto phone = isVisible() ? _view->width() : width();
+    const auto least = _view->minimumWidth();
+    _view->setFixedWidth(phone);
+    if (isShown && !_inspector) {
+        _inspector = new Inspector(_phone, *_view, this);
+        _splitter->addWidget(_inspector);
+        _splitter->setStretchFactor(1, 1); // What the window gains or loses otherwise is the inspector's.
+    }
+    if (isShown) {
+        _inspector->show();
+        resize(phone + _splitter->handleWidth() + _inspectorWidth, height());
+        _splitter->setSizes({ phone, _inspectorWidth });
+    } else {
+        _inspectorWidth = _inspector->width();
+        if (_inspector->isAncestorOf(focusWidget()))
+            _view->setFocus();
+        _inspector->hide();
+        // Else the window could not become narrower than both.
+        _splitter->refresh();
+        layout()->activate();
+        resize(phone, height());
+    }
+    _view->setMinimumWidth(least);
+    _view->setMaximumWidth(QWIDGETSIZE_MAX);
+    rememberInspector();
+}
+
+void MainWindow::rememberInspector() const
+{
+    const auto isShown = inspectorIsShown();
+    InspectorMemory { isShown, isShown ? _inspector->width() : _inspectorWidth, _inspector->currentPage() }
+        .save();
 }
 
 }

@@ -1,0 +1,37 @@
+#include "Inspector.h"
+
+#include "InspectorPages.h"
+
+namespace host {
+
+Inspector::Inspector(Phone& phone, PhoneView& view, QWidget* parent)
+    : QTabWidget(parent)
+{
+    setDocumentMode(true);
+    for (const auto& page : inspectorPages()) {
+        auto* const widget = page.make(phone, view, this);
+        widget->setObjectName(QLatin1String(page.name));
+        addTab(widget, QLatin1String(page.title));
+    }
+}
+
+QString Inspector::currentPage() const
+{
+    return currentWidget() ? currentWidget()->objectName() : QString();
+}
+
+void Inspector::setCurrentPage(const QString& name)
+{
+    for (int index = 0; index < count(); ++index) {
+        if (widget(index)->objectName() == name)
+            setCurrentIndex(index);
+    }
+}
+
+QSize Inspector::minimumSizeHint() const
+{
+    // Low, so that the panel never makes the phone beside it any higher.
+    return { smallestWidth, 200 };
+}
+
+}

@@ -1,0 +1,44 @@
+#include "WindowTest.h"
+
+#include <QtTest/QTest>
+
+WindowTest::WindowTest()
+{
+    qputenv("HOME", QByteArray::fromStdString(_folder.path().string()));
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(configuration().string()));
+}
+
+WindowTest::~WindowTest()
+{
+    close();
+    qunsetenv("XDG_CONFIG_HOME");
+}
+
+host::MainWindow& WindowTest::open()
+{
+    host::PhoneOptions options;
+    options.root = root().string();
+    options.scale = 1;
+    options.locale = "en_US";
+    options.timeZone = "Europe/Berlin";
+    options.now = "2014-01-05T10:17:42.6";
+    _phone = std::make_unique<host::Phone>(options);
+    EXPECT_EQ(_phone->openBundle(), std::nullopt);
+    _window = std::make_unique<host::MainWindow>(*_phone);
+    _window->show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(_window.get()));
+    QCoreApplication::processEvents();
+    return *_window;
+}
+
+void WindowTest::close()
+{
+    _window.reset();
+    _phone.reset();
+}
+
+bool WindowTest::waitUntil(const std::function<bool()>& claim)
+{
+    constexpr int deadline = 20000; // Milliseconds.
+    return QTest::qWaitFor(claim, deadline);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "host/MainWindow.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <QCoreApplication>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <ostream>
+
+/// The window with the project's own bundle in a phone of 375 by 667 points at 1 pixel a point, with a home
+/// and a root of its own, at a set time and place.
+class WindowTest : public testing::Test {
+protected:
+    WindowTest();
+    ~WindowTest() override;
+
+    /// Shows the window, and lets it come to rest.
+    host::MainWindow& open();
+    void close();
+
+    host::MainWindow& window() { return *_window; }
+    host::Phone& phone() { return *_phone; }
+    host::PhoneView& view() { return _window->phoneView(); }
+
+    /// Runs the event loop until the claim holds; false when it never does.
+    static bool waitUntil(const std::function<bool()>& claim);
+
+    std::filesystem::path root() const { return _folder.path() / "root"; }
+    std::filesystem::path preferences() const
+    {
+        return root() / "private/var/mobile/Library/Preferences/net.morvane.vekora.plist";
+    }
+    std::filesystem::path configuration() const { return _folder.path() / "config"; }
+
+private:
+    TemporaryFolder _folder;
+    std::unique_ptr<host::Phone> _phone;
+    std::unique_ptr<host::MainWindow> _window;
+};
+
+/// How a failed expectation shows them.
+inline void PrintTo(const QString& text, std::ostream* stream)
+{
+    *stream << text.toStdString();
+}
