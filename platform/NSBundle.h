@@ -2,9 +2,11 @@
 
 #include "Runtime.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -12,9 +14,10 @@ namespace platform {
 class NSBundle {
 public:
     /// Reads Info.plist and loads the module, once for each folder while somebody holds the bundle; the last
-    /// one to let go of it unloads the module, so objects of its classes have to go before. On failure
-    /// `error` holds one sentence with the true reason (no such file, no Info.plist, no such principal class,
-    /// unresolved symbol NAME).
+    /// one to let go of it unloads the module, so objects of its classes have to go before; a module that
+    /// still has some stays in memory, but its classes are not found any more. On failure `error` holds one
+    /// sentence with the true reason (no such file, no Info.plist, no such principal class, unresolved symbol
+    /// NAME). Another build loaded afterwards, from the same path too, shares nothing with this one.
     static std::shared_ptr<NSBundle> loadBundleAtPath(std::string_view devicePath, std::string& error);
 
     const std::string& path() const { return _path; } ///< The device's.
@@ -22,18 +25,33 @@ public:
     /// Never null in a loaded bundle.
     const Class* principalClass() const { return _principalClass; }
 
+    /// Whether module and Info.plist are still the files that were loaded.
+    bool isUpToDate() const;
+    /// For each object that is alive and whose class lies in the module, the class's name.
+    std::vector<std::string> classesOfLiveObjects() const;
+    /// Where the module's code lies in memory; empty in a bundle that failed to load.
+    struct CodeRange {
+        std::uintptr_t begin = 0;
+        std::uintptr_t end = 0;
+    };
+    CodeRange codeRange() const;
+    /// The module's file on this machine.
+    const std::string& modulePath() const;
+
     ~NSBundle();
 
     NSBundle(const NSBundle&) = delete;
     NSBundle& operator=(const NSBundle&) = delete;
 
 private:
-    NSBundle() = default;
+    NSBundle();
 
     std::string _path;
     PropertyList _info;
     const Class* _principalClass = nullptr;
     void* _module = nullptr;
+    struct Files;
+    std::unique_ptr<const Files> _files;
 };
 
 /// Loads a library for the classes that it registers, for as long as the process runs. What was loaded from

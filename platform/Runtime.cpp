@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cxxabi.h>
+#include <mutex>
 #include <vector>
 
 namespace platform {
@@ -23,6 +24,18 @@ std::string& bundlePathOfNewClasses()
     return *path;
 }
 
+/// All objects, as a chain. A pane may make one on a thread of its own.
+struct Objects {
+    std::mutex mutex;
+    NSObject* first = nullptr;
+};
+
+Objects& objects()
+{
+    static auto* const all = new Objects;
+    return *all;
+}
+
 std::string plainName(const std::type_info& type)
 {
     int status = 0;
@@ -35,6 +48,33 @@ std::string plainName(const std::type_info& type)
     return name;
 }
 
+}
+
+NSObject::NSObject()
+{
+    auto& all = objects();
+    const std::lock_guard lock(all.mutex);
+    _after = all.first;
+    if (_after)
+        _after->_before = this;
+    all.first = this;
+}
+
+NSObject::~NSObject()
+{
+    auto& all = objects();
+    const std::lock_guard lock(all.mutex);
+    (_before ? _before->_after : all.first) = _after;
+    if (_after)
+        _after->_before = _before;
+}
+
+void NSObject::_visitAll(const std::function<void(const NSObject&)>& visit)
+{
+    auto& all = objects();
+    const std::lock_guard lock(all.mutex);
+    for (const auto* object = all.first; object; object = object->_after)
+        visit(*object);
 }
 
 const Method* Class::find(const NSObject& object, std::string_view selector)
@@ -111,6 +151,11 @@ const Class* NSClassFromString(std::string_view name)
 void Class::setBundlePathOfNewClasses(std::string path)
 {
     bundlePathOfNewClasses() = std::move(path);
+}
+
+void Class::forgetClassesOfBundle(std::string_view path)
+{
+    std::erase_if(classes(), [&](const auto* candidate) { return candidate->_bundlePath == path; });
 }
 
 ClassRegistration::ClassRegistration(std::unique_ptr<Class> registered)

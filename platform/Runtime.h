@@ -35,8 +35,8 @@ using Method = std::function<Argument(NSObject&, Arguments)>;
 
 class NSObject : public std::enable_shared_from_this<NSObject> {
 public:
-    NSObject() = default;
-    virtual ~NSObject() = default;
+    NSObject();
+    virtual ~NSObject();
     NSObject(const NSObject&) = delete;
     NSObject& operator=(const NSObject&) = delete;
 
@@ -48,9 +48,14 @@ public:
     /// arguments are called alike. Nothing when there is no such method.
     Argument performSelector(std::string_view selector, std::initializer_list<Argument> = {});
 
+    // Internal: every object there is, for whoever takes code away and for tests that look for
+    // leaks. The visit must make and drop none.
+    static void _visitAll(const std::function<void(const NSObject&)>&);
+
 private:
     friend class WeakObject;
     std::shared_ptr<void> _life; ///< Ends with the object; made when somebody first looks.
+    NSObject *_before = nullptr, *_after = nullptr; ///< In the list of all.
 };
 
 /// A look at an object without ownership, which knows when the object has gone. Unlike a weak pointer it can
@@ -83,6 +88,8 @@ public:
     /// The device's path of the bundle whose module registered the class; empty for the layer's own.
     const std::string& bundlePath() const { return _bundlePath; }
     static void setBundlePathOfNewClasses(std::string devicePath);
+    /// Takes back what the bundle's module has registered, should it stay in memory after all.
+    static void forgetClassesOfBundle(std::string_view devicePath);
 
     /// The object's own class; null when it is not registered.
     static const Class* ofObject(const NSObject&);

@@ -1,10 +1,14 @@
 #include "platform/NSBundle.h"
 #include "DeviceFiles.h"
+#include "ModuleFile.h"
 #include "platform/NSMutableDictionary.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <cxxabi.h>
 #include <dlfcn.h>
+#include <link.h>
 #include <map>
 
 namespace platform {
@@ -71,6 +75,21 @@ std::map<std::string, std::weak_ptr<NSBundle>>& loadedBundles()
 
 }
 
+/// What the bundle was loaded from.
+struct NSBundle::Files {
+    Files(std::string modulePath, std::string infoPath)
+        : module(std::move(modulePath))
+        , info(std::move(infoPath))
+        , moduleState(stateOfFile(module))
+        , infoState(stateOfFile(info))
+    {
+    }
+    bool operator==(const Files&) const = default;
+
+    std::string module, info; ///< On this machine.
+    FileState moduleState, infoState;
+};
+
 std::shared_ptr<NSBundle> NSBundle::loadBundleAtPath(std::string_view devicePath, std::string& error)
 {
     std::string path(devicePath);
@@ -112,10 +131,16 @@ std::shared_ptr<NSBundle> NSBundle::loadBundleAtPath(std::string_view devicePath
     const std::shared_ptr<NSBundle> bundle(new NSBundle);
     bundle->_path = path;
     bundle->_info = info->entries();
+    bundle->_files = std::make_unique<Files>(*module, *folder + "/Info.plist");
+    const ModuleFile file(*module);
+    if (const auto problem = file.problem(); !problem.empty()) {
+        error = modulePath + " is not a loadable module (it " + problem + ").";
+        return nullptr;
+    }
     {
         const RegistrationScope scope(path);
         // Everything is resolved now, so that what is missing is known here and not in the middle of a touch.
-        bundle->_module = ::dlopen(module->c_str(), RTLD_NOW | RTLD_LOCAL);
+        bundle->_module = file.load();
     }
     if (!bundle->_module) {
         error = reasonFrom(lastLoadError(), modulePath);
@@ -132,10 +157,61 @@ std::shared_ptr<NSBundle> NSBundle::loadBundleAtPath(std::string_view devicePath
     return bundle;
 }
 
+NSBundle::NSBundle() = default;
+
 NSBundle::~NSBundle()
 {
-    if (_module)
+    if (!_module)
+        return;
+    if (classesOfLiveObjects().empty())
         ::dlclose(_module);
+    Class::forgetClassesOfBundle(_path);
+}
+
+bool NSBundle::isUpToDate() const
+{
+    return *_files == Files(_files->module, _files->info);
+}
+
+const std::string& NSBundle::modulePath() const
+{
+    return _files->module;
+}
+
+NSBundle::CodeRange NSBundle::codeRange() const
+{
+    struct link_map* map = nullptr;
+    if (!_module || ::dlinfo(_module, RTLD_DI_LINKMAP, &map) != 0)
+        return {};
+    std::pair<const link_map*, CodeRange> sought { map, {} };
+    ::dl_iterate_phdr(
+        [](dl_phdr_info* info, std::size_t, void* data) {
+            auto& [module, range] = *static_cast<std::pair<const link_map*, CodeRange>*>(data);
+            if (info->dlpi_addr != module->l_addr)
+                return 0;
+            range.begin = info->dlpi_addr;
+            for (const auto& segment : std::span(info->dlpi_phdr, info->dlpi_phnum)) {
+                if (segment.p_type == PT_LOAD)
+                    range.end = std::max(range.end, info->dlpi_addr + segment.p_vaddr + segment.p_memsz);
+            }
+            return 1;
+        },
+        &sought);
+    return sought.second;
+}
+
+std::vector<std::string> NSBundle::classesOfLiveObjects() const
+{
+    std::vector<std::string> names;
+    const auto module = codeRange();
+    NSObject::_visitAll([&](const NSObject& object) {
+        // An object begins with the place of its class's functions.
+        std::uintptr_t functions = 0;
+        std::memcpy(&functions, static_cast<const void*>(&object), sizeof functions);
+        if (functions >= module.begin && functions < module.end)
+            names.push_back(object.className());
+    });
+    return names;
 }
 
 bool loadPlugIn(std::string_view devicePath)
