@@ -4,8 +4,10 @@
 #include "Installation.h"
 #include "Instant.h"
 #include "LoaderEntry.h"
+#include "PhoneObserver.h"
 #include "platform/Device.h"
 #include "platform/UIScrollView.h"
+#include "platform/UITextField.h"
 
 #include <QLocale>
 
@@ -109,11 +111,51 @@ std::optional<std::string> Phone::openBundle()
 
 void Phone::settle()
 {
-    _window->display();
+    const auto damage = _window->display();
+    if (_damageHandler && !damage.empty())
+        _damageHandler(damage);
+    if (_observer)
+        _observer->phoneSettled();
+}
+
+void Phone::setDamageHandler(std::function<void(const std::vector<PixelRect>&)> handler)
+{
+    _damageHandler = std::move(handler);
+}
+
+void Phone::setObserver(PhoneObserver* observer)
+{
+    _observer = observer;
+    _window->setInputObserver(observer);
+}
+
+bool Phone::goBack()
+{
+    if (_navigation->viewControllers().size() < 2)
+        return false;
+    const InputSpan input(_observer);
+    if (_observer)
+        _observer->goingBack();
+    return _navigation->popViewController();
+}
+
+bool Phone::endEditing()
+{
+    auto* const field = _window->firstResponder();
+    if (!field)
+        return false;
+    const InputSpan input(_observer);
+    if (_observer)
+        _observer->endingEditing();
+    field->resignFirstResponder();
+    return true;
 }
 
 void Phone::setScreen(CGSize size, int scale)
 {
+    const InputSpan input(_observer);
+    if (_observer)
+        _observer->screenChanges(size, scale);
     auto& device = Device::current();
     device.screenSize = size;
     device.scale = scale;
@@ -124,6 +166,7 @@ void Phone::setScreen(CGSize size, int scale)
 
 void Phone::scrollAt(CGPoint point, CGFloat dy)
 {
+    const InputSpan input(_observer);
     for (auto* view = _window->hitTestWithEvent(point, nullptr); view; view = view->superview()) {
         if (auto* scroll = dynamic_cast<UIScrollView*>(view)) {
             scroll->setContentOffset({ scroll->contentOffset().x, scroll->contentOffset().y + dy });

@@ -7,10 +7,14 @@
 #include "platform/UINavigationController.h"
 #include "platform/UIWindow.h"
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace host {
+
+class PhoneObserver;
 
 /// How a phone is set up for a run. Checked and filled in by `parseOptions` (Options.h).
 struct PhoneOptions {
@@ -44,8 +48,20 @@ public:
     platform::UIWindow& window() { return *_window; }
     platform::UINavigationController& navigation() { return *_navigation; }
 
-    /// Finishes pending layout and painting; the window's picture is then up to date.
+    /// Finishes pending layout and painting; the window's picture is then up to date, and whoever shows it is
+    /// told what changed.
     void settle();
+    /// Called with the picture's changed rectangles in device pixels, after each `settle` that changed any.
+    void setDamageHandler(std::function<void(const std::vector<platform::PixelRect>&)>);
+
+    /// For a host that records what is done to the phone; null for none. It must be taken away before it
+    /// goes.
+    void setObserver(PhoneObserver*);
+
+    /// Leaves the page, as the way back in the bar does. False on the first page.
+    bool goBack();
+    /// Ends the editing of a text, as a tap beside it does. False when none is edited.
+    bool endEditing();
 
     /// Scrolls whatever scrolls at this point of the window down by `dy` points.
     void scrollAt(platform::CGPoint, platform::CGFloat dy);
@@ -58,6 +74,8 @@ private:
     platform::Ref<platform::UIWindow> _window;
     std::unique_ptr<platform::UINavigationController> _navigation;
     std::shared_ptr<platform::NSBundle> _bundle;
+    std::function<void(const std::vector<platform::PixelRect>&)> _damageHandler;
+    PhoneObserver* _observer = nullptr;
 };
 
 }

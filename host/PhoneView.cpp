@@ -46,15 +46,17 @@ PhoneView::PhoneView(Phone& phone, QWidget* parent)
     _clock.start();
     _refresh.setSingleShot(true);
     _glide.setInterval(frameInterval);
-    connect(&_refresh, &QTimer::timeout, this, [this] { refresh(); });
+    connect(&_refresh, &QTimer::timeout, this, [this] { _phone.settle(); });
     connect(&_glide, &QTimer::timeout, this, [this] { glide(); });
     _phone.window().setNeedsDisplayHandler([this] { _refresh.start(0); });
+    _phone.setDamageHandler([this](const std::vector<PixelRect>& damage) { show(damage); });
     _phone.settle();
 }
 
 PhoneView::~PhoneView()
 {
     _phone.window().setNeedsDisplayHandler({});
+    _phone.setDamageHandler({});
 }
 
 QSize PhoneView::sizeHint() const
@@ -73,10 +75,10 @@ CGPoint PhoneView::pointFor(QPointF position) const
     return { position.x() / pixelsAPoint(), position.y() / pixelsAPoint() };
 }
 
-void PhoneView::refresh()
+void PhoneView::show(const std::vector<PixelRect>& damage)
 {
     const auto ratio = devicePixelRatioF();
-    for (const auto& rect : _phone.window().display()) {
+    for (const auto& rect : damage) {
         // Outward to whole logical pixels, which is what an update counts in.
         const QRectF logical(rect.x / ratio, rect.y / ratio, rect.width / ratio, rect.height / ratio);
         update(logical.toAlignedRect());
@@ -122,8 +124,14 @@ void PhoneView::mousePressEvent(QMouseEvent* event)
         return;
     const auto point = pointFor(event->position());
     _glide.stop();
-    _gliding = scrollViewAt(_phone.window(), point);
+    const auto touched = scrollViewAt(_phone.window(), point);
+    if (_gliding && _gliding != touched)
+        _gliding->setContentOffset(_gliding->contentOffset());
+    _gliding = touched;
     _phone.window().touchBegan(point, static_cast<double>(event->timestamp()) / 1e3);
+    // A control took the touch; the content stands still below it all the same.
+    if (_gliding && _gliding->isDecelerating())
+        _gliding->setContentOffset(_gliding->contentOffset());
 }
 
 void PhoneView::mouseMoveEvent(QMouseEvent* event)
@@ -158,10 +166,8 @@ void PhoneView::keyPressEvent(QKeyEvent* event)
     if (sendKeyToWindow(_phone.window(), *event))
         return;
     if (event->key() == Qt::Key_Escape && !UIAlertView::topmost()) {
-        if (auto* const field = _phone.window().firstResponder())
-            field->resignFirstResponder();
-        else
-            _phone.navigation().popViewController();
+        if (!_phone.endEditing())
+            _phone.goBack();
         return;
     }
     QWidget::keyPressEvent(event);

@@ -36,7 +36,7 @@ protected:
     bool focusNextPrevChild(bool) override { return false; } // Tab is a key of the phone's.
 
 private:
-    void refresh();
+    void show(const std::vector<platform::PixelRect>& damage);
     void glide();
     /// Logical pixels of this widget a point.
     double pixelsAPoint() const;

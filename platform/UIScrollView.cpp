@@ -12,8 +12,6 @@ namespace platform {
 
 namespace {
 
-/// How far a finger may stray before it pans, in points; a tap strays no further.
-constexpr CGFloat panThreshold = 10;
 /// Of the speed, a second: it falls to 0.998 each millisecond.
 constexpr double friction = 2.002;
 /// Slower than this, in points a second, the content stands still.

@@ -4,6 +4,9 @@
 
 namespace platform {
 
+/// How far a finger may stray before it pans, in points; a tap strays no further.
+inline constexpr CGFloat panThreshold = 10;
+
 /// A window onto content that may be larger than it. It follows a finger that began on nothing that wants the
 /// touch, and glides on when the finger is lifted in motion, as long as somebody drives `advance`.
 class UIScrollView : public UIView {

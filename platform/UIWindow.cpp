@@ -1,6 +1,7 @@
 #include "UIWindow.h"
 #include "Compositor.h"
 #include "Device.h"
+#include "InputObserver.h"
 #include "Journal.h"
 #include "UITextField.h"
 #include "UIViewImpl.h"
@@ -33,6 +34,8 @@ struct UIWindow::WindowImpl : UIView::Impl {
         const auto current = event;
         auto& touch = current->touch();
         touch.update(phase, location, timestamp);
+        if (observer)
+            observer->touchArrives(touch);
         if (auto& journal = Journal::shared(); journal.isHeard())
             journal.record({ JournalEntry::Kind::Touch, phaseName(phase), touch.view()->className() });
         switch (phase) {
@@ -54,6 +57,7 @@ struct UIWindow::WindowImpl : UIView::Impl {
     std::vector<PixelRect> damaged;
     std::shared_ptr<UIEvent> event; ///< Of the finger that is down.
     CGPoint lastLocation;
+    InputObserver* observer = nullptr;
     UITextField* firstResponder = nullptr;
     const UIView* firstResponderView = nullptr; ///< The same, for when only its view is left of it.
     std::function<void()> needsDisplayHandler;
@@ -96,6 +100,7 @@ void UIWindow::touchBegan(CGPoint location, double timestamp)
     auto& own = windowImpl();
     if (own.event)
         touchEnded(own.lastLocation, timestamp);
+    const InputSpan span(own.observer);
     auto* const hit = hitTestWithEvent(location, nullptr);
     if (!hit)
         return;
@@ -114,20 +119,25 @@ void UIWindow::touchMoved(CGPoint location, double timestamp)
     auto& own = windowImpl();
     if (!own.event)
         return;
+    const InputSpan span(own.observer);
     own.lastLocation = location;
     own.deliver(UITouchPhase::Moved, location, timestamp);
 }
 
 void UIWindow::touchEnded(CGPoint location, double timestamp)
 {
-    if (windowImpl().event)
-        windowImpl().deliver(UITouchPhase::Ended, location, timestamp);
+    if (!windowImpl().event)
+        return;
+    const InputSpan span(windowImpl().observer);
+    windowImpl().deliver(UITouchPhase::Ended, location, timestamp);
 }
 
 void UIWindow::touchCancelled()
 {
-    if (windowImpl().event)
-        windowImpl().deliver(UITouchPhase::Cancelled, windowImpl().lastLocation, 0);
+    if (!windowImpl().event)
+        return;
+    const InputSpan span(windowImpl().observer);
+    windowImpl().deliver(UITouchPhase::Cancelled, windowImpl().lastLocation, 0);
 }
 
 UITextField* UIWindow::firstResponder() const
@@ -139,6 +149,16 @@ void UIWindow::setFirstResponder(UITextField* field)
 {
     windowImpl().firstResponder = field;
     windowImpl().firstResponderView = field;
+}
+
+void UIWindow::setInputObserver(InputObserver* observer)
+{
+    windowImpl().observer = observer;
+}
+
+InputObserver* UIWindow::inputObserver() const
+{
+    return windowImpl().observer;
 }
 
 double UIWindow::scale() const

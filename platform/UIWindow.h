@@ -8,6 +8,7 @@
 
 namespace platform {
 
+class InputObserver;
 class UITextField;
 
 /// The screen's one window: delivers touches, lays out, paints and composes its views into a picture.
@@ -44,6 +45,10 @@ public:
     /// Called whenever something is marked after a `display`, once until the next: for a host that shows the
     /// window.
     void setNeedsDisplayHandler(std::function<void()>);
+
+    /// For a host that records what reaches the window; null for none. It must be taken away before it goes.
+    void setInputObserver(InputObserver*);
+    InputObserver* inputObserver() const;
 
     // Internal: for the layer's views.
     void _markDamage(CGRect inWindow);

@@ -1,4 +1,6 @@
 #include "TextEditor.h"
+#include "platform/InputObserver.h"
+#include "platform/UIWindow.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -84,9 +86,14 @@ bool UITextField::Editor::edit(const std::function<void()>& change)
     if (!lineEdit)
         return false;
     const auto kept = field.weak_from_this().lock();
+    const InputSpan input(field.window() ? field.window()->inputObserver() : nullptr);
+    if (input)
+        input->textWillChange(field);
     const auto before = lineEdit->text();
     change();
     caretMoved();
+    if (input)
+        input->textChanged(field);
     if (lineEdit->text() != before)
         field.sendActionsForControlEvents(UIControlEventEditingChanged);
     return true;
@@ -122,16 +129,50 @@ bool UITextField::Editor::clear()
     });
 }
 
+bool UITextField::Editor::select(int anchor, int caret)
+{
+    return edit([&] { selectBetween(anchor, caret); });
+}
+
+bool UITextField::Editor::replace(const std::string& utf8, int anchor, int caret)
+{
+    return edit([&] {
+        _composition.clear();
+        lineEdit->setText(oneLine(QString::fromStdString(utf8)));
+        selectBetween(anchor, caret);
+    });
+}
+
+void UITextField::Editor::selectBetween(int anchor, int caret)
+{
+    const auto length = static_cast<int>(lineEdit->text().size());
+    anchor = std::clamp(anchor, 0, length);
+    caret = std::clamp(caret, 0, length);
+    lineEdit->setCursorPosition(caret);
+    if (caret != anchor)
+        lineEdit->setSelection(anchor, caret - anchor);
+}
+
+bool UITextField::Editor::continuesPress(CGFloat x, double timestamp) const
+{
+    return timestamp > 0 && timestamp - _pressTime < doubleClickSeconds
+        && std::abs(x - _pressX) < doubleClickDistance;
+}
+
+void UITextField::Editor::rememberPress(CGFloat x, double timestamp)
+{
+    _pressX = x;
+    _pressTime = timestamp;
+}
+
 void UITextField::Editor::pressAt(CGFloat x, double timestamp, Press press)
 {
     const auto kept = field.weak_from_this().lock();
     commitComposition();
     if (!lineEdit)
         return;
-    const auto again = timestamp > 0 && timestamp - _pressTime < doubleClickSeconds
-        && std::abs(x - _pressX) < doubleClickDistance;
-    _pressX = x;
-    _pressTime = timestamp;
+    const auto again = continuesPress(x, timestamp);
+    rememberPress(x, timestamp);
     _anchor = indexAt(x);
     _dragging = false;
     if (again)

@@ -51,6 +51,16 @@ struct UITextField::Editor {
     bool paste(const std::string& utf8);
     bool pasteFromClipboard();
     bool clear();
+    /// Selects what lies between two places, counted in UTF-16 units, and puts the caret at the second;
+    /// places beyond the text count as its ends.
+    bool select(int anchor, int caret);
+    /// Sets text and selection in one step, as an undo does. Line breaks become blanks, and what is too long
+    /// is cut off.
+    bool replace(const std::string& utf8, int anchor, int caret);
+    /// Whether a press there and then is the second of a double one.
+    bool continuesPress(CGFloat x, double timestamp) const;
+    /// As if there had been a press there and then.
+    void rememberPress(CGFloat x, double timestamp);
     bool isEditing() const { return lineEdit != nullptr; }
 
     /// UTF-16 units. Text that is set from the program may be longer while nobody edits it.
@@ -90,6 +100,7 @@ private:
     void configure();
     void commitComposition();
     void selectWordAt(int index);
+    void selectBetween(int anchor, int caret);
     void caretMoved(); ///< Scrolls it into sight, and has the field painted.
 
     struct Line;

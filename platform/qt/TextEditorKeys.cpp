@@ -1,3 +1,4 @@
+#include "platform/InputObserver.h"
 #include "platform/UIAlertView.h"
 #include "platform/UIWindow.h"
 #include "TextEditor.h"
@@ -21,14 +22,16 @@ bool isReturn(int key)
 // Held keys would answer one alert after the other.
 bool answerAlert(UIAlertView& alert, const QKeyEvent& event)
 {
-    if (event.isAutoRepeat())
+    const auto answers = isReturn(event.key()) || event.key() == Qt::Key_Escape;
+    if (!answers || event.isAutoRepeat())
         return false;
+    const InputSpan input(alert.window() ? alert.window()->inputObserver() : nullptr);
+    if (input)
+        input->keyArrives(isReturn(event.key()) ? "Return" : "Escape");
     if (isReturn(event.key()))
         alert.pressDefaultButton();
-    else if (event.key() == Qt::Key_Escape)
-        alert.pressCancelButton();
     else
-        return false;
+        alert.pressCancelButton();
     return true;
 }
 
@@ -147,6 +150,9 @@ bool UITextField::Editor::returnKey()
         UIKeyboardType::DecimalPad };
     if (std::find(pads.begin(), pads.end(), keyboard) != pads.end())
         return false;
+    const InputSpan input(field.window() ? field.window()->inputObserver() : nullptr);
+    if (input)
+        input->keyArrives("Return");
     field.resignFirstResponder();
     return true;
 }

@@ -51,6 +51,30 @@ TEST_F(TextEditorTest, TypesAtTheCaretAndTellsOfEachCharacter)
     EXPECT_EQ(log->count("edited"), 9);
 }
 
+TEST_F(TextEditorTest, SelectsBetweenPlaces)
+{
+    editor.typeText("abcd");
+    log->actions.clear();
+    EXPECT_TRUE(editor.select(3, 1));
+    EXPECT_EQ(editor.lineEdit->selectedText(), "bc");
+    EXPECT_EQ(editor.lineEdit->cursorPosition(), 1);
+    EXPECT_TRUE(editor.select(99, 99));
+    EXPECT_FALSE(editor.lineEdit->hasSelectedText());
+    EXPECT_EQ(editor.lineEdit->cursorPosition(), 4);
+    EXPECT_EQ(log->count("edited"), 0);
+}
+
+TEST_F(TextEditorTest, ReplacesTextAndSelectionInOneStep)
+{
+    editor.typeText("abcd");
+    log->actions.clear();
+    EXPECT_TRUE(editor.replace("x\nyz", 1, 3));
+    EXPECT_EQ(field->text(), "x yz");
+    EXPECT_EQ(editor.lineEdit->selectedText(), " y");
+    EXPECT_EQ(editor.lineEdit->cursorPosition(), 3);
+    EXPECT_EQ(log->count("edited"), 1);
+}
+
 TEST_F(TextEditorTest, TakesKeysFromItsWindow)
 {
     EXPECT_TRUE(press("a"));
