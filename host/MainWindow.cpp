@@ -1,13 +1,13 @@
 #include "MainWindow.h"
 
 #include "inspector/InspectorMemory.h"
+#include "Line.h"
 #include "PhoneView.h"
 #include "platform/FSSwitchPanel.h"
 #include "platform/Journal.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
@@ -63,46 +63,14 @@ QString textFor(const JournalEntry& entry)
 
 }
 
-/// A line of text that ends in an ellipsis where there is no room for it.
-class Line final : public QWidget {
-public:
-    explicit Line(QWidget* parent)
-        : QWidget(parent)
-    {
-        QFont font(QStringLiteral("Inter"));
-        font.setPixelSize(12);
-        setFont(font);
-        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    }
-    void setText(const QString& text)
-    {
-        _text = text;
-        setToolTip(text);
-        update();
-    }
-    QSize sizeHint() const override
-    {
-        return { fontMetrics().horizontalAdvance(_text), fontMetrics().height() + 2 };
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.drawText(rect(), Qt::AlignVCenter, fontMetrics().elidedText(_text, Qt::ElideMiddle, width()));
-    }
-
-private:
-    QString _text;
-};
-
 MainWindow::MainWindow(Phone& phone)
     : _phone(phone)
-    , _view(new PhoneView(phone, this))
     , _splitter(new QSplitter(this))
-    , _last(new Line(this))
-    , _toggle(new QLabel(this))
-    , _inspectorButton(new QToolButton(this))
+    , _phoneSide(new QWidget(_splitter))
+    , _view(new PhoneView(phone, _phoneSide))
+    , _last(new Line(_phoneSide))
+    , _toggle(new QLabel(_phoneSide))
+    , _inspectorButton(new QToolButton(_phoneSide))
 {
     layOut();
     _toggle->setFont(_last->font());
@@ -139,19 +107,22 @@ void MainWindow::layOut()
     _inspectorButton->setAutoRaise(true);
     _inspectorButton->setFocusPolicy(Qt::NoFocus); // Keys stay with the phone.
     _inspectorButton->setFont(_last->font());
-    _splitter->addWidget(_view);
-    _splitter->setChildrenCollapsible(false);
     auto* const line = new QHBoxLayout;
     line->setContentsMargins(12, 3, 6, 3);
     line->setSpacing(12);
     line->addWidget(_last, 1);
     line->addWidget(_toggle);
     line->addWidget(_inspectorButton);
-    auto* const column = new QVBoxLayout(this);
+    auto* const column = new QVBoxLayout(_phoneSide);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(_splitter, 1);
+    column->addWidget(_view, 1);
     column->addLayout(line);
+    _splitter->addWidget(_phoneSide);
+    _splitter->setChildrenCollapsible(false);
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(_splitter);
 }
 
 void MainWindow::showLastInspector()
@@ -177,9 +148,8 @@ void MainWindow::setInspectorShown(bool isShown)
     if (isShown == inspectorIsShown())
         return;
     // The phone's width is held while the window gets another; else the screen's size would change twice.
-    const auto phone = isVisible() ? _view->width() : width();
-    const auto least = _view->minimumWidth();
-    _view->setFixedWidth(phone);
+    const auto phone = isVisible() ? _phoneSide->width() : width();
+    _phoneSide->setFixedWidth(phone);
     if (isShown && !_inspector) {
         _inspector = new Inspector(_phone, *_view, this);
         _splitter->addWidget(_inspector);
@@ -199,8 +169,8 @@ void MainWindow::setInspectorShown(bool isShown)
         layout()->activate();
         resize(phone, height());
     }
-    _view->setMinimumWidth(least);
-    _view->setMaximumWidth(QWIDGETSIZE_MAX);
+    _phoneSide->setMinimumWidth(0); // Its own layout's then counts again.
+    _phoneSide->setMaximumWidth(QWIDGETSIZE_MAX);
     rememberInspector();
 }
 

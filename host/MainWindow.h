@@ -35,8 +35,9 @@ private:
     void rememberInspector() const;
 
     Phone& _phone;
-    PhoneView* _view;
     QSplitter* _splitter;
+    QWidget* _phoneSide; ///< The view and the line.
+    PhoneView* _view;
     Line* _last;
     QLabel* _toggle;
     QToolButton* _inspectorButton;

@@ -8,6 +8,9 @@ Inspector::Inspector(Phone& phone, PhoneView& view, QWidget* parent)
     : QTabWidget(parent)
 {
     setDocumentMode(true);
+    QFont font(QStringLiteral("Inter"));
+    font.setPixelSize(12);
+    setFont(font);
     for (const auto& page : inspectorPages()) {
         auto* const widget = page.make(phone, view, this);
         widget->setObjectName(QLatin1String(page.name));

@@ -1,5 +1,6 @@
 #include "InspectorPages.h"
 
+#include "FilePage.h"
 #include "host/PhoneView.h"
 
 #include <type_traits>
@@ -9,8 +10,7 @@ namespace host {
 namespace {
 
 /// A page takes the phone, and the view that shows it where it needs one.
-template <typename Page>
-[[maybe_unused]] QWidget* makePage(Phone& phone, [[maybe_unused]] PhoneView& view, QWidget* parent)
+template <typename Page> QWidget* makePage(Phone& phone, [[maybe_unused]] PhoneView& view, QWidget* parent)
 {
     if constexpr (std::is_constructible_v<Page, Phone&, PhoneView&, QWidget*>)
         return new Page(phone, view, parent);
@@ -18,12 +18,16 @@ template <typename Page>
         return new Page(phone, parent);
 }
 
+// In the order of the tabs.
+constexpr InspectorPage pages[] = {
+    { "file", "File", makePage<FilePage> },
+};
+
 }
 
 std::span<const InspectorPage> inspectorPages()
 {
-    // In the order of the tabs: { "file", "File", makePage<FilePage> }.
-    return {};
+    return pages;
 }
 
 }

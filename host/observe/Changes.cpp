@@ -3,7 +3,6 @@
 #include "host/driver/Json.h"
 
 #include <algorithm>
-#include <set>
 
 namespace host {
 
@@ -24,21 +23,28 @@ std::string describe(const PropertyValue* value)
 
 }
 
+std::vector<std::string> changedKeys(const PropertyList& before, const PropertyList& after)
+{
+    std::vector<std::string> keys;
+    for (auto old = before.begin(), now = after.begin(); old != before.end() || now != after.end();) {
+        const bool isGone = now == after.end() || (old != before.end() && old->first < now->first);
+        const bool isNew = old == before.end() || (now != after.end() && now->first < old->first);
+        if (isGone || isNew || !(old->second == now->second))
+            keys.push_back(isNew ? now->first : old->first);
+        if (!isNew)
+            ++old;
+        if (!isGone)
+            ++now;
+    }
+    return keys;
+}
+
 std::string describeChanges(const PropertyList& before, const PropertyList& after)
 {
-    std::set<std::string> keys;
-    for (const auto* list : { &before, &after }) {
-        for (const auto& [key, value] : *list)
-            keys.insert(key);
-    }
     std::string text;
-    for (const auto& key : keys) {
-        const auto* old = valueOf(before, key);
-        const auto* now = valueOf(after, key);
-        if (old && now && *old == *now)
-            continue;
-        text += (text.empty() ? "" : ", ") + textFromJson(jsonFromText(key)) + ": " + describe(old) + " -> "
-            + describe(now);
+    for (const auto& key : changedKeys(before, after)) {
+        text += (text.empty() ? "" : ", ") + textFromJson(jsonFromText(key)) + ": "
+            + describe(valueOf(before, key)) + " -> " + describe(valueOf(after, key));
     }
     return text.empty() ? "no change" : text;
 }

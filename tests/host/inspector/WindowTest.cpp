@@ -1,5 +1,7 @@
 #include "WindowTest.h"
 
+#include "host/inspector/Inspector.h"
+
 #include <QtTest/QTest>
 
 WindowTest::WindowTest()
@@ -29,6 +31,17 @@ host::MainWindow& WindowTest::open()
     EXPECT_TRUE(QTest::qWaitForWindowActive(_window.get()));
     QCoreApplication::processEvents();
     return *_window;
+}
+
+QWidget* WindowTest::openPageNamed(const char* name)
+{
+    if (!_window)
+        open();
+    window().setInspectorShown(true);
+    window().inspector()->setCurrentPage(QString::fromLatin1(name));
+    EXPECT_EQ(window().inspector()->currentPage(), QString::fromLatin1(name));
+    QCoreApplication::processEvents();
+    return window().inspector()->currentWidget();
 }
 
 void WindowTest::close()

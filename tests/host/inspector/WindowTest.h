@@ -21,6 +21,11 @@ protected:
     /// Shows the window, and lets it come to rest.
     host::MainWindow& open();
     void close();
+    /// Opens the window too, unless it is open, and the inspector at this page.
+    template <typename Page> Page* openPage(const char* name)
+    {
+        return dynamic_cast<Page*>(openPageNamed(name));
+    }
 
     host::MainWindow& window() { return *_window; }
     host::Phone& phone() { return *_phone; }
@@ -37,6 +42,8 @@ protected:
     std::filesystem::path configuration() const { return _folder.path() / "config"; }
 
 private:
+    QWidget* openPageNamed(const char* name);
+
     TemporaryFolder _folder;
     std::unique_ptr<host::Phone> _phone;
     std::unique_ptr<host::MainWindow> _window;

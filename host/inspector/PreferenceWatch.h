@@ -1,0 +1,39 @@
+#pragma once
+
+#include "PreferenceState.h"
+
+#include <functional>
+#include <QFileSystemWatcher>
+#include <QTimer>
+
+namespace host {
+
+/// Follows a preference file: what the pane writes, at once, and what other processes do to it, when the
+/// system tells. Nothing runs while the file is left alone.
+class PreferenceWatch {
+public:
+    using Listener = std::function<void(const PreferenceState&)>;
+
+    /// The listener hears of each state that differs from the one before.
+    PreferenceWatch(std::string devicePath, Listener);
+    ~PreferenceWatch();
+    PreferenceWatch(const PreferenceWatch&) = delete;
+    PreferenceWatch& operator=(const PreferenceWatch&) = delete;
+
+    const std::string& devicePath() const { return _devicePath; }
+    const PreferenceState& state() const { return _state; }
+    /// Looks without being told.
+    void look();
+
+private:
+    void watchFiles();
+
+    std::string _devicePath;
+    Listener _listener;
+    PreferenceState _state;
+    QFileSystemWatcher _watcher;
+    QTimer _look; ///< One change of a file makes several reports.
+    int _journal;
+};
+
+}
