@@ -19,7 +19,7 @@ constexpr std::array deviceFolders {
     "Library/PreferenceLoader/Preferences",
     "Library/Switches",
 };
-constexpr auto toggleLibrary = "Library/MobileSubstrate/DynamicLibraries/Flipswitch.dylib";
+constexpr auto toggleLibrary = toggleLibraryPath.substr(1);
 constexpr auto toggleSwitchFolder = "Library/Switches/VekoraFS.bundle";
 constexpr auto toggleSwitch = "Library/Switches/VekoraFS.bundle/VekoraFS";
 constexpr auto statusBarLibrary = "Library/MobileSubstrate/DynamicLibraries/libstatusbar.dylib";

@@ -6,6 +6,10 @@
 
 namespace host {
 
+/// The toggle framework's library on the device.
+inline constexpr std::string_view toggleLibraryPath
+    = "/Library/MobileSubstrate/DynamicLibraries/Flipswitch.dylib";
+
 /// Where the parts that get installed lie on this machine.
 struct InstallationSources {
     std::filesystem::path bundle; ///< The folder Vekora.bundle.

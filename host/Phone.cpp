@@ -9,8 +9,6 @@
 #include "platform/UIScrollView.h"
 #include "platform/UITextField.h"
 
-#include <QLocale>
-
 #include <filesystem>
 #include <stdexcept>
 
@@ -20,7 +18,6 @@ using namespace platform;
 
 namespace {
 
-constexpr std::string_view toggleLibrary = "/Library/MobileSubstrate/DynamicLibraries/Flipswitch.dylib";
 constexpr std::string_view ownName = "Vekora";
 
 void setUpDevice(const PhoneOptions& options)
@@ -31,7 +28,6 @@ void setUpDevice(const PhoneOptions& options)
     device.scale = options.scale;
     device.locale = options.locale;
     device.timeZone = options.timeZone;
-    device.rightToLeft = QLocale(QString::fromStdString(options.locale)).textDirection() == Qt::RightToLeft;
     device.standingClock = std::nullopt;
     if (options.now) {
         device.standingClock = instantFromText(*options.now, options.timeZone);
@@ -57,7 +53,8 @@ Phone::Phone(const PhoneOptions& options)
         installation.removeStatusBarLibrary();
 
     setUpDevice(options);
-    loadPlugIn(toggleLibrary);
+    applyDirection();
+    loadPlugIn(toggleLibraryPath);
     _window = std::make_shared<UIWindow>(options.size);
     _window->makeKey();
     _navigation = std::make_unique<UINavigationController>(options.size);
@@ -75,8 +72,6 @@ Phone::~Phone()
 std::optional<std::string> Phone::openBundle()
 {
     std::string error;
-    Ref<UIViewController> page;
-    std::string title;
     try {
         const Installation installation(_options.root);
         std::string path;
@@ -84,28 +79,34 @@ std::optional<std::string> Phone::openBundle()
             path = installation.installPane(InstallationSources::ofThisBuild());
             if (const auto entry = loaderEntryNamed(ownName)) {
                 path = entry->bundlePath;
-                title = entry->label;
+                _title = entry->label;
             }
         } else {
             path = installation.installBundle(_options.bundle);
         }
         _bundle = NSBundle::loadBundleAtPath(path, error);
-        if (_bundle) {
-            const auto* principal = _bundle->principalClass();
-            page = principal->make<UIViewController>(_navigation->contentSize());
-            if (!page)
-                error = "The principal class " + principal->name() + " of " + path + " is no page.";
-        }
     } catch (const std::runtime_error& failure) {
         error = failure.what();
     }
+    if (_bundle)
+        return showFirstPage();
+    _navigation->setRoot(std::make_shared<ErrorPage>(error));
+    return error;
+}
+
+std::optional<std::string> Phone::showFirstPage()
+{
+    const auto* const principal = _bundle->principalClass();
+    const auto page = principal->make<UIViewController>(_navigation->contentSize());
     if (!page) {
+        const auto error
+            = "The principal class " + principal->name() + " of " + _bundle->path() + " is no page.";
         _navigation->setRoot(std::make_shared<ErrorPage>(error));
         return error;
     }
     _navigation->setRoot(page);
     if (page->title().empty())
-        page->setTitle(title);
+        page->setTitle(_title);
     return std::nullopt;
 }
 
@@ -157,11 +158,14 @@ void Phone::setScreen(CGSize size, int scale)
     if (_observer)
         _observer->screenChanges(size, scale);
     auto& device = Device::current();
+    if (device.screenSize == size && device.scale == scale)
+        return;
     device.screenSize = size;
     device.scale = scale;
     _window->setFrame({ 0, 0, size.width, size.height });
     _window->setScale(scale);
     _navigation->setSize(size);
+    environmentDidChange();
 }
 
 void Phone::scrollAt(CGPoint point, CGFloat dy)

@@ -10,11 +10,14 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace host {
 
 class PhoneObserver;
+
+enum class TextDirection { OfTheLocale, LeftToRight, RightToLeft };
 
 /// How a phone is set up for a run. Checked and filled in by `parseOptions` (Options.h).
 struct PhoneOptions {
@@ -24,6 +27,7 @@ struct PhoneOptions {
     std::string locale; ///< Empty for the environment's.
     std::string timeZone; ///< Empty for the system's.
     std::optional<std::string> now; ///< ISO 8601; the clock then stands still.
+    TextDirection direction = TextDirection::OfTheLocale;
     bool toggle = false;
     bool statusBar = false;
     std::string bundle; ///< A bundle's folder on this machine; empty for the project's own, as installed
@@ -66,16 +70,54 @@ public:
     /// Scrolls whatever scrolls at this point of the window down by `dy` points.
     void scrollAt(platform::CGPoint, platform::CGFloat dy);
 
-    /// Takes the screen to another size, scale or direction while the pages stay.
+    /// Takes the screen to another size and scale while the pages stay, as turning a device does.
     void setScreen(platform::CGSize, int scale);
 
+    // The environment, while pages are shown. Each change is immediate. What makes the pages anew comes back
+    // to the same path of pages and scroll positions; a text that is being edited is stored first, and alerts
+    // go, unanswered. docs/environment.md says what a pane sees of each, and when.
+
+    /// Installs or removes the companion toggle: its files and its classes. The pages stay. Throws
+    /// std::runtime_error with one sentence, as does the next.
+    void setToggleInstalled(bool);
+    bool toggleIsInstalled() const { return _options.toggle; }
+    /// The status-bar library's file. The pages stay.
+    void setStatusBarLibraryInstalled(bool);
+    bool statusBarLibraryIsInstalled() const { return _options.statusBar; }
+    /// An ICU name that is known. Makes the pages anew, as do the next three.
+    void setLocale(const std::string&);
+    /// An Olson name that is known.
+    void setTimeZone(const std::string&);
+    void setDirection(TextDirection);
+    TextDirection direction() const { return _options.direction; }
+    void setScale(int); ///< Pixels a point: 1, 2 or 3.
+    /// The clock stands still from now on. The pages stay, as time passes on them too.
+    void setStandingClock(platform::NSDate);
+    void setRunningClock(); ///< The real one.
+    /// Moves a standing clock on; back by a negative number. False when it is the real one.
+    [[nodiscard]] bool moveClock(double seconds);
+
+    /// Makes every page anew, as if Settings had been closed and opened again.
+    void makePagesAnew();
+
+    /// Called after each change of the environment, whoever made it. Returns a number to stop listening with.
+    int listenToEnvironment(std::function<void()>);
+    void stopListening(int listener);
+
 private:
+    std::optional<std::string> showFirstPage();
+    void applyDirection() const;
+    void environmentDidChange() const;
+
     PhoneOptions _options;
+    std::string _title; ///< Of the bundle's entry in the list of settings; empty without one.
     platform::Ref<platform::UIWindow> _window;
     std::unique_ptr<platform::UINavigationController> _navigation;
     std::shared_ptr<platform::NSBundle> _bundle;
     std::function<void(const std::vector<platform::PixelRect>&)> _damageHandler;
     PhoneObserver* _observer = nullptr;
+    std::vector<std::pair<int, std::function<void()>>> _listeners;
+    int _nextListener = 1;
 };
 
 }

@@ -51,16 +51,14 @@ QJsonObject paints(Driver& driver, Words)
     return { { "paints", counts } };
 }
 
-QJsonObject clock(Driver&, Words words)
+QJsonObject clock(Driver& driver, Words words)
 {
     double seconds = 0;
     if (!words[0].starts_with('+') || !readNumber(words[0], seconds) || seconds > longestWait)
         throw CommandFailure("clock takes +SECONDS, not " + quoted(words[0]) + ".");
-    auto& standing = Device::current().standingClock;
-    if (!standing)
+    if (!driver.phone().moveClock(seconds))
         throw CommandFailure("The clock is the real one and can't be moved; --now makes it stand.");
-    standing = standing->dateByAddingTimeInterval(seconds);
-    return { { "now", jsonFromTextOrNull(textFromInstant(*standing)) } };
+    return { { "now", jsonFromTextOrNull(textFromInstant(*Device::current().standingClock)) } };
 }
 
 QJsonObject settle(Driver&, Words)

@@ -111,6 +111,14 @@ TEST(Options, TakesOptionsAfterTheScriptToo)
     EXPECT_TRUE(both.keepGoing);
 }
 
+TEST(Options, TakesTheDirectionOfRows)
+{
+    EXPECT_EQ(options({}).phone.direction, host::TextDirection::OfTheLocale);
+    EXPECT_EQ(options({ "--direction", "rtl" }).phone.direction, host::TextDirection::RightToLeft);
+    EXPECT_EQ(options({ "--direction=ltr" }).phone.direction, host::TextDirection::LeftToRight);
+    EXPECT_EQ(options({ "drive", "--direction=locale" }).phone.direction, host::TextDirection::OfTheLocale);
+}
+
 TEST(Options, KnowsWhetherTheScaleWasGiven)
 {
     EXPECT_FALSE(options({}).scaleIsGiven);
@@ -173,6 +181,7 @@ TEST(Options, RefusesBadValuesWithASentenceThatQuotesThem)
             { "", "375", "x", "375x", "x667", "0x667", "375x0", "-1x5", "1.5x2", "375X667", "375x667x2",
                 "nanxinf", "99999x5", "5x99999", " 1x1" } },
         { "--scale", { "", "0", "4", "1.5", "two", "-1", "22" } },
+        { "--direction", { "", "left", "RTL", "rtl " } },
         { "--locale", { "", "xx_YY", "en_ZQ", "en_US/..", "_US", "e", "qqq", "en_Xqzz_US", "en US" } },
         { "--timezone", { "", "Mars/Olympus", "Europe/Nowhere", "GMT+25:99", "Etc/Unknown", "../x" } },
         { "--now", { "", "yesterday", "2014-02-30T00:00:00", "2014-01-05T10:17:60", "1388912262" } },

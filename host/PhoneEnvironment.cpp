@@ -1,0 +1,166 @@
+#include "Phone.h"
+
+#include "Installation.h"
+#include "PagePath.h"
+#include "platform/Device.h"
+#include "platform/UIAlertView.h"
+
+#include <QLocale>
+
+#include <algorithm>
+
+namespace host {
+
+using namespace platform;
+
+namespace {
+
+void layOutAnew(UIView& view)
+{
+    view.setNeedsLayout();
+    view.setNeedsDisplay();
+    for (const auto& subview : view.subviews())
+        layOutAnew(*subview);
+}
+
+}
+
+void Phone::setToggleInstalled(bool isInstalled)
+{
+    if (isInstalled == _options.toggle)
+        return;
+    const Installation installation(_options.root);
+    if (isInstalled)
+        installation.installToggle(InstallationSources::ofThisBuild());
+    else
+        installation.removeToggle();
+    _options.toggle = isInstalled;
+    // Without a file this takes the classes away.
+    loadPlugIn(toggleLibraryPath);
+    environmentDidChange();
+}
+
+void Phone::setStatusBarLibraryInstalled(bool isInstalled)
+{
+    if (isInstalled == _options.statusBar)
+        return;
+    const Installation installation(_options.root);
+    if (isInstalled)
+        installation.installStatusBarLibrary();
+    else
+        installation.removeStatusBarLibrary();
+    _options.statusBar = isInstalled;
+    environmentDidChange();
+}
+
+void Phone::setLocale(const std::string& locale)
+{
+    auto& device = Device::current();
+    if (locale == device.locale)
+        return;
+    device.locale = _options.locale = locale;
+    applyDirection();
+    makePagesAnew();
+    environmentDidChange();
+}
+
+void Phone::setTimeZone(const std::string& timeZone)
+{
+    auto& device = Device::current();
+    if (timeZone == device.timeZone)
+        return;
+    device.timeZone = _options.timeZone = timeZone;
+    makePagesAnew();
+    environmentDidChange();
+}
+
+void Phone::setDirection(TextDirection direction)
+{
+    if (direction == _options.direction)
+        return;
+    _options.direction = direction;
+    applyDirection();
+    makePagesAnew();
+    environmentDidChange();
+}
+
+void Phone::applyDirection() const
+{
+    const QLocale locale(QString::fromStdString(_options.locale));
+    Device::current().rightToLeft = _options.direction == TextDirection::OfTheLocale
+        ? locale.textDirection() == Qt::RightToLeft
+        : _options.direction == TextDirection::RightToLeft;
+}
+
+void Phone::setScale(int scale)
+{
+    auto& device = Device::current();
+    if (device.scale == scale)
+        return;
+    device.scale = scale;
+    _window->setScale(scale);
+    makePagesAnew(); // Images are loaded, and texts measured, for a scale.
+    environmentDidChange();
+}
+
+void Phone::setStandingClock(NSDate date)
+{
+    Device::current().standingClock = date;
+    environmentDidChange();
+}
+
+void Phone::setRunningClock()
+{
+    Device::current().standingClock = std::nullopt;
+    environmentDidChange();
+}
+
+bool Phone::moveClock(double seconds)
+{
+    const auto& standing = Device::current().standingClock;
+    if (!standing)
+        return false;
+    setStandingClock(standing->dateByAddingTimeInterval(seconds));
+    return true;
+}
+
+void Phone::makePagesAnew()
+{
+    _window->touchCancelled();
+    while (auto* const alert = UIAlertView::topmost())
+        alert->removeFromSuperview();
+    if (_bundle) {
+        const auto path = pagePathOf(*_navigation);
+        // The old pages have gone before the new ones come: what they share is the new ones' then.
+        _navigation->setRoot(nullptr);
+        _navigation->view().layoutIfNeeded();
+        static_cast<void>(showFirstPage());
+        static_cast<void>(followPagePath(*_navigation, path)); // As far as the pages are still there.
+    }
+    layOutAnew(*_window);
+}
+
+int Phone::listenToEnvironment(std::function<void()> listener)
+{
+    _listeners.emplace_back(_nextListener, std::move(listener));
+    return _nextListener++;
+}
+
+void Phone::stopListening(int listener)
+{
+    std::erase_if(_listeners, [&](const auto& known) { return known.first == listener; });
+}
+
+void Phone::environmentDidChange() const
+{
+    // A listener may come or go meanwhile.
+    const auto listeners = _listeners;
+    for (const auto& [number, listener] : listeners) {
+        const auto isThere = std::any_of(
+            _listeners.begin(), _listeners.end(), [&](const auto& known) { return known.first == number; });
+        if (isThere)
+            listener();
+    }
+}
+
+}

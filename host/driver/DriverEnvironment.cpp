@@ -1,0 +1,35 @@
+#include "DriverCommands.h"
+
+#include "host/EnvironmentRules.h"
+#include "Json.h"
+
+namespace host {
+
+namespace {
+
+QJsonObject environment(Driver& driver, Words words)
+{
+    if (words.size() == 1)
+        throw CommandFailure("environment takes [NAME VALUE], not 1 word.");
+    if (words.size() == 2) {
+        if (const auto error = changeEnvironment(driver.phone(), words[0], words[1]); !error.empty())
+            throw CommandFailure(error);
+    }
+    QJsonObject values;
+    for (const auto& rule : environmentRules())
+        values.insert(jsonFromText(rule.name).toString(), jsonFromText(rule.word(driver.phone())));
+    return { { "environment", values } };
+}
+
+constexpr DriverCommand commands[] = {
+    { "environment", 0, 2, "[NAME VALUE]", environment },
+};
+
+}
+
+std::span<const DriverCommand> environmentCommands()
+{
+    return commands;
+}
+
+}
