@@ -18,6 +18,7 @@ struct DriverCommand {
 
 std::span<const DriverCommand> alertCommands();
 std::span<const DriverCommand> environmentCommands();
+std::span<const DriverCommand> faultCommands();
 std::span<const DriverCommand> fileCommands();
 std::span<const DriverCommand> pictureCommands();
 std::span<const DriverCommand> rowCommands();
