@@ -17,6 +17,12 @@ std::string takeScript(Options& options, const std::string& word)
     return {};
 }
 
+std::string takeBundle(Options& options, const std::string& word)
+{
+    options.bundleAsGiven = word;
+    return word.empty() ? "lint takes a bundle's folder, not an empty word." : "";
+}
+
 std::string takeTopic(Options& options, const std::string& word)
 {
     options.topic = word;
@@ -31,6 +37,8 @@ constexpr CommandRule rules[] = {
     { "gallery", Mode::Gallery, OptionRule::InWindow, "show every picker and gradient view in the window" },
     { "help", Mode::Help, OptionRule::InHelp, "print this, or all about one command", "[COMMAND]", "command",
         Operand::Allowed, takeTopic },
+    { "lint", Mode::Lint, OptionRule::InLint, "check a bundle: its Info.plist, rows, classes and images",
+        "BUNDLE", "bundle", Operand::Needed, takeBundle },
     { "observe", Mode::Observe, OptionRule::InObserve, "print each change of the preferences" },
 };
 
@@ -38,6 +46,7 @@ constexpr UsageExample examples[] = {
     { "", "--size 320x568 --locale de_DE", "a small phone that speaks German" },
     { "", "--bundle Hello.bundle", "a pane of your own" },
     { "drive", "drive --root /tmp/phone script.txt", "what a script taps and types" },
+    { "lint", "lint Hello.bundle", "what is wrong with a bundle, row by row" },
     { "observe", "observe", "beside a window: what is stored and told" },
 };
 

@@ -13,6 +13,7 @@ struct OptionRule {
         InDrive = 2,
         InObserve = 4,
         InHelp = 8,
+        InLint = 16,
         WithPhone = InWindow | InDrive,
         WithRoot = WithPhone | InObserve,
         Everywhere = ~0U,

@@ -11,7 +11,7 @@ namespace host {
 
 /// What the command line asks for.
 struct Options {
-    enum class Mode { Window, Drive, Observe, Gallery, Help, Version };
+    enum class Mode { Window, Drive, Observe, Gallery, Lint, Help, Version };
 
     Mode mode = Mode::Window;
     /// With `root`, `locale` and `timeZone` filled in; `now` is known to be an instant of `Instant.h`.
@@ -19,6 +19,7 @@ struct Options {
     bool scaleIsGiven = false; ///< Otherwise a window takes its screen's.
     bool keepGoing = false; ///< Of `drive`: go on after a command that failed.
     std::string script = "-"; ///< Of `drive`: a file, or "-" for standard input.
+    std::string bundleAsGiven; ///< Of `lint`: the bundle's folder, as findings name it.
     std::string topic; ///< Of `help`: a command's name; empty for all of them.
 };
 

@@ -1,5 +1,6 @@
 #include "driver/Drive.h"
 #include "Installation.h"
+#include "lint/Lint.h"
 #include "observe/Observe.h"
 #include "Options.h"
 #include "Window.h"
@@ -20,6 +21,8 @@ int run(int argc, char** argv, const host::Options& options)
         return host::runDrive(options);
     case Mode::Observe:
         return host::runObserve(options);
+    case Mode::Lint:
+        return host::runLint(options);
     case Mode::Help:
         std::fputs(host::helpText(options.topic).c_str(), stdout);
         return 0;

@@ -1,5 +1,6 @@
 #include "Device.h"
 #include "NSMutableDictionary.h"
+#include "PSCellName.h"
 #include "PSListController.h"
 #include "PSTextFieldSpecifier.h"
 
@@ -9,37 +10,11 @@ namespace platform {
 
 namespace {
 
-struct CellName {
-    std::string_view name;
-    PSCellType type;
-    bool holdsValue = false; ///< Then a row with a "key" has a setter and a getter.
-};
-
-constexpr CellName cellNames[] = {
-    { "PSGroupCell", PSCellType::Group },
-    { "PSLinkCell", PSCellType::Link },
-    { "PSLinkListCell", PSCellType::LinkList, true },
-    { "PSListItemCell", PSCellType::ListItem, true },
-    { "PSTitleValueCell", PSCellType::TitleValue, true },
-    { "PSSliderCell", PSCellType::Slider, true },
-    { "PSSwitchCell", PSCellType::Switch, true },
-    { "PSStaticTextCell", PSCellType::StaticText, true },
-    { "PSEditTextCell", PSCellType::EditText, true },
-    { "PSSegmentCell", PSCellType::Segment, true },
-    { "PSGiantIconCell", PSCellType::GiantIcon },
-    { "PSGiantCell", PSCellType::Giant },
-    { "PSSecureEditTextCell", PSCellType::SecureEditText, true },
-    { "PSButtonCell", PSCellType::Button },
-    { "PSEditTextViewCell", PSCellType::EditTextView, true },
-    { "PSSpinnerCell", PSCellType::Spinner },
-};
-
 /// A kind nobody knows is a row of text, so that one row's mistake costs no more than that row.
-CellName cellNamed(std::string_view name)
+PSCellName cellNamed(std::string_view name)
 {
-    const auto* found = std::find_if(
-        std::begin(cellNames), std::end(cellNames), [&](const auto& cell) { return cell.name == name; });
-    return found == std::end(cellNames) ? CellName { name, PSCellType::StaticText, true } : *found;
+    const auto* found = cellNameNamed(name);
+    return found ? *found : PSCellName { name, PSCellType::StaticText, true };
 }
 
 const std::string* textAt(const PropertyList& item, std::string_view key)

@@ -91,6 +91,11 @@ const Method* Class::find(const NSObject& object, std::string_view selector)
     return nullptr;
 }
 
+std::span<Class* const> Class::all()
+{
+    return classes();
+}
+
 const Class* Class::ofObject(const NSObject& object)
 {
     const std::type_index type = typeid(object);

@@ -91,6 +91,8 @@ public:
     /// Takes back what the bundle's module has registered, should it stay in memory after all.
     static void forgetClassesOfBundle(std::string_view devicePath);
 
+    /// Every registered class, those of the layer among them.
+    static std::span<Class* const> all();
     /// The object's own class; null when it is not registered.
     static const Class* ofObject(const NSObject&);
     /// The method that the object's class or one of its superclasses has registered; null for none.

@@ -1,4 +1,5 @@
 #include "platform/UIImage.h"
+#include "ImageFile.h"
 #include "platform/Device.h"
 #include "platform/qt/DeviceFiles.h"
 #include "TextEngine.h"
@@ -15,7 +16,9 @@ namespace {
 constexpr std::size_t largestImage = 16U << 20U; // Bytes in the file; no icon or marker is near it.
 constexpr int largestSide = 8192; // Pixels.
 
-std::shared_ptr<const Bitmap> decoded(const std::string& devicePath)
+}
+
+std::shared_ptr<const Bitmap> bitmapFromImageFile(const std::string& devicePath)
 {
     const auto bytes = contentsOfFile(devicePath);
     if (!bytes || bytes->size() > largestImage)
@@ -31,8 +34,6 @@ std::shared_ptr<const Bitmap> decoded(const std::string& devicePath)
         std::copy_n(line, bitmap->width, bitmap->row(y));
     }
     return bitmap;
-}
-
 }
 
 UIImage::UIImage(std::shared_ptr<const Bitmap> bitmap, double scale)
@@ -52,7 +53,7 @@ std::optional<UIImage> UIImage::imageNamed(std::string_view devicePath)
     const auto own = static_cast<int>(Device::current().scale);
     for (const auto scale : { own, 3, 2, 1 }) {
         const auto suffix = scale == 1 ? std::string() : "@" + std::to_string(scale) + "x";
-        if (auto bitmap = decoded(stem + suffix + std::string(extension)))
+        if (auto bitmap = bitmapFromImageFile(stem + suffix + std::string(extension)))
             return UIImage(std::move(bitmap), scale);
     }
     return std::nullopt;
