@@ -56,6 +56,7 @@ QString textFor(const JournalEntry& entry)
     case JournalEntry::Kind::Touch:
     case JournalEntry::Kind::Action:
     case JournalEntry::Kind::Paint:
+    case JournalEntry::Kind::Display:
         break;
     }
     return {};

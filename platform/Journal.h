@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Geometry.h"
+
 #include <functional>
 #include <string>
 #include <utility>
@@ -10,9 +12,10 @@ namespace platform {
 /// What happens inside the phone, in order, for whoever watches: a driver, an inspector, a test.
 struct JournalEntry {
     enum class Kind {
-        Touch, ///< `name` is the phase, `detail` the view's class.
-        Action, ///< `name` is the selector, `detail` the target's class.
+        Touch, ///< `name` is the phase, `detail` the view's class, `place` where in the window.
+        Action, ///< A control's, or a row's: `name` is the selector, `detail` the target's class.
         Paint, ///< `name` is the class whose `drawRect` ran.
+        Display, ///< A pass is over that painted or composed something; its paints came before.
         Write, ///< `name` is the device's path, below /private/var where it lies there; `succeeded` tells.
         Notification, ///< `name` was posted; `detail` lists what came along: "object", "user info",
                       ///< "immediately".
@@ -24,6 +27,7 @@ struct JournalEntry {
     std::string detail = {};
     bool succeeded = true;
     long state = 0;
+    CGPoint place = {};
 };
 
 /// One for the process. Recording costs next to nothing while nobody listens.

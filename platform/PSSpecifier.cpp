@@ -1,5 +1,7 @@
 #include "PSSpecifier.h"
 
+#include "Journal.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -118,12 +120,19 @@ std::optional<PropertyValue> PSSpecifier::performGetter()
 
 void PSSpecifier::performSetterWithValue(const PropertyValue& value)
 {
-    send(_set, { value, this });
+    perform(_set, { value, this });
 }
 
 void PSSpecifier::performAction()
 {
-    send(_action, { this });
+    perform(_action, { this });
+}
+
+void PSSpecifier::perform(const std::string& selector, std::initializer_list<Argument> arguments)
+{
+    if (auto& journal = Journal::shared(); target() && !selector.empty() && journal.isHeard())
+        journal.record({ JournalEntry::Kind::Action, selector, target()->className() });
+    send(selector, arguments);
 }
 
 Argument PSSpecifier::send(const std::string& selector, std::initializer_list<Argument> arguments)

@@ -87,6 +87,7 @@ public:
 
 private:
     Argument send(const std::string& selector, std::initializer_list<Argument>);
+    void perform(const std::string& selector, std::initializer_list<Argument>);
 
     std::string _name;
     WeakObject _target;

@@ -37,7 +37,10 @@ struct UIWindow::WindowImpl : UIView::Impl {
         if (observer)
             observer->touchArrives(touch);
         if (auto& journal = Journal::shared(); journal.isHeard())
-            journal.record({ JournalEntry::Kind::Touch, phaseName(phase), touch.view()->className() });
+            journal.record({ .kind = JournalEntry::Kind::Touch,
+                .name = phaseName(phase),
+                .detail = touch.view()->className(),
+                .place = location });
         switch (phase) {
         case UITouchPhase::Began:
             return touch.view()->touchesBeganWithEvent(*current);
@@ -62,6 +65,7 @@ struct UIWindow::WindowImpl : UIView::Impl {
     const UIView* firstResponderView = nullptr; ///< The same, for when only its view is left of it.
     std::function<void()> needsDisplayHandler;
     bool handlerCalled = false;
+    bool hasPainted = false; ///< In the present pass.
 };
 
 UIWindow::UIWindow(CGSize size)
@@ -244,6 +248,7 @@ void UIWindow::_viewIsGone(const UIView* view)
 std::vector<PixelRect> UIWindow::display()
 {
     auto& own = windowImpl();
+    own.hasPainted = false;
     own.handlerCalled = true; // Marks that layout makes are served below.
     const auto needsLayout = [](auto& self, const UIView& view) -> bool {
         if (view.impl().needsLayout)
@@ -274,6 +279,8 @@ std::vector<PixelRect> UIWindow::display()
     own.handlerCalled = false;
     if (own.pendingBelow || !own.damaged.empty())
         _markPending(); // A view marked itself while it was painted.
+    if (auto& journal = Journal::shared(); (own.hasPainted || !damaged.empty()) && journal.isHeard())
+        journal.record({ JournalEntry::Kind::Display, {} });
     return damaged;
 }
 
@@ -293,6 +300,7 @@ void UIWindow::displayTree(UIView& view)
             }
             impl.draws = impl.draws || context.hasDrawn();
             if (impl.draws) {
+                windowImpl().hasPainted = true;
                 if (auto& journal = Journal::shared(); journal.isHeard())
                     journal.record({ JournalEntry::Kind::Paint, view.className() });
             }

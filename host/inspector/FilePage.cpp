@@ -3,19 +3,16 @@
 #include "host/Line.h"
 #include "host/Phone.h"
 #include "host/PreferenceFile.h"
+#include "PageParts.h"
 #include "platform/qt/DeviceFiles.h"
 #include "ValueDelegate.h"
 #include "ValueText.h"
 
 #include <QComboBox>
 #include <QDesktopServices>
-#include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QShortcut>
-#include <QTableView>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -27,45 +24,17 @@ namespace {
 
 QTableView* makeTable(QAbstractItemModel* model, QWidget* parent)
 {
-    auto* const table = new QTableView(parent);
-    table->setModel(model);
+    auto* const table = makePlainTable(model, parent);
     table->setItemDelegateForColumn(FileModel::ValueColumn, new ValueDelegate(table));
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
-    table->setTabKeyNavigation(false);
-    table->setWordWrap(false);
-    table->setShowGrid(false);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
     auto* const header = table->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setSectionResizeMode(FileModel::ValueColumn, QHeaderView::Stretch);
     const auto letters = [&](int count) { return table->fontMetrics().averageCharWidth() * count; };
     header->resizeSection(FileModel::KeyColumn, letters(22));
     header->resizeSection(FileModel::TypeColumn, letters(12));
     header->resizeSection(FileModel::ChangeColumn, letters(22));
     return table;
-}
-
-template <typename Receiver>
-QPushButton* addButton(
-    QBoxLayout& row, const char* name, const char* title, const char* tip, Receiver* receiver, auto method)
-{
-    auto* const button = new QPushButton(QString::fromUtf8(title), receiver);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(QString::fromUtf8(tip));
-    row.addWidget(button);
-    QObject::connect(button, &QPushButton::clicked, receiver, method);
-    return button;
-}
-
-QHBoxLayout* makeRow(QWidget* owner)
-{
-    auto* const row = new QHBoxLayout(owner);
-    row->setContentsMargins(0, 0, 0, 0);
-    return row;
 }
 
 }

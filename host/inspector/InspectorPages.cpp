@@ -2,6 +2,7 @@
 
 #include "FilePage.h"
 #include "host/PhoneView.h"
+#include "TimelinePage.h"
 
 #include <type_traits>
 
@@ -21,6 +22,7 @@ template <typename Page> QWidget* makePage(Phone& phone, [[maybe_unused]] PhoneV
 // In the order of the tabs.
 constexpr InspectorPage pages[] = {
     { "file", "File", makePage<FilePage> },
+    { "timeline", "Timeline", makePage<TimelinePage> },
 };
 
 }
