@@ -2,8 +2,10 @@
 
 #include "InstalledFile.h"
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
+#include <vector>
 
 namespace host {
 
@@ -31,6 +33,22 @@ fs::path existingFolder(const fs::path& path)
     if (error || !fs::is_directory(result, error))
         throw std::runtime_error("There is no folder " + path.string() + ".");
     return result;
+}
+
+/// Files and folders below a bundle's place that its source has not, the innermost first. Hidden ones are of
+/// installations under way.
+std::vector<fs::path> leftovers(const fs::path& source, const fs::path& target, std::error_code& error)
+{
+    std::vector<fs::path> found;
+    auto entries = fs::recursive_directory_iterator(target, error);
+    for (const fs::recursive_directory_iterator end; !error && entries != end; entries.increment(error)) {
+        const auto inside = entries->path().lexically_relative(target);
+        std::error_code ignored;
+        if (!inside.filename().string().starts_with('.') && !fs::exists(source / inside, ignored))
+            found.push_back(inside);
+    }
+    std::reverse(found.begin(), found.end());
+    return found;
 }
 
 }
@@ -91,6 +109,8 @@ std::string Installation::installBundle(const fs::path& folder) const
     }
     if (error)
         throw std::runtime_error(source.string() + " cannot be read: " + error.message() + ".");
+    for (const auto& file : leftovers(source, _root / place, error))
+        removeFile(_root, place / file);
     return "/" + place.string();
 }
 

@@ -31,7 +31,8 @@ public:
 
     /// Copies the pane's bundle and its loader entry. Returns the bundle's device path.
     std::string installPane(const InstallationSources&) const;
-    /// Copies any folder NAME.bundle (".bundle" is added to another name). Returns its device path.
+    /// Copies any folder NAME.bundle (".bundle" is added to another name). What an earlier one had and this
+    /// one has not is removed. Returns its device path.
     std::string installBundle(const std::filesystem::path& folder) const;
 
     /// The toggle framework's library, and the add-on's own switch.

@@ -223,6 +223,23 @@ TEST_F(InstallationTest, InstallsAnyOtherBundle)
     EXPECT_EQ(readTestFile(root / "Library/PreferenceBundles/Plain.bundle/Info.plist"), "plain");
 }
 
+TEST_F(InstallationTest, RemovesWhatABundleHasNoMore)
+{
+    const auto from = sources();
+    const Installation installation(root);
+    installation.installPane(from);
+    writeTestFile(from.bundle / "fr.lproj/Vekora.strings", "strings");
+    fs::remove_all(from.bundle / "de.lproj");
+    fs::remove(from.bundle / "Info.plist");
+
+    installation.installPane(from);
+
+    const auto installed = root / "Library/PreferenceBundles/Vekora.bundle";
+    EXPECT_FALSE(fs::exists(installed / "Info.plist"));
+    EXPECT_FALSE(fs::exists(installed / "de.lproj"));
+    EXPECT_EQ(readTestFile(installed / "fr.lproj/Vekora.strings"), "strings");
+}
+
 TEST_F(InstallationTest, CopiesWhatABundlesLinksLeadTo)
 {
     const Installation installation(root);
