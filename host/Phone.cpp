@@ -1,15 +1,12 @@
 #include "Phone.h"
 
-#include "ErrorPage.h"
 #include "Installation.h"
 #include "Instant.h"
-#include "LoaderEntry.h"
 #include "PhoneObserver.h"
 #include "platform/Device.h"
 #include "platform/UIScrollView.h"
 #include "platform/UITextField.h"
 
-#include <filesystem>
 #include <stdexcept>
 
 namespace host {
@@ -17,8 +14,6 @@ namespace host {
 using namespace platform;
 
 namespace {
-
-constexpr std::string_view ownName = "Vekora";
 
 void setUpDevice(const PhoneOptions& options)
 {
@@ -67,47 +62,6 @@ Phone::~Phone()
     _navigation->setRoot(nullptr);
     _navigation.reset();
     _window.reset();
-}
-
-std::optional<std::string> Phone::openBundle()
-{
-    std::string error;
-    try {
-        const Installation installation(_options.root);
-        std::string path;
-        if (_options.bundle.empty()) {
-            path = installation.installPane(InstallationSources::ofThisBuild());
-            if (const auto entry = loaderEntryNamed(ownName)) {
-                path = entry->bundlePath;
-                _title = entry->label;
-            }
-        } else {
-            path = installation.installBundle(_options.bundle);
-        }
-        _bundle = NSBundle::loadBundleAtPath(path, error);
-    } catch (const std::runtime_error& failure) {
-        error = failure.what();
-    }
-    if (_bundle)
-        return showFirstPage();
-    _navigation->setRoot(std::make_shared<ErrorPage>(error));
-    return error;
-}
-
-std::optional<std::string> Phone::showFirstPage()
-{
-    const auto* const principal = _bundle->principalClass();
-    const auto page = principal->make<UIViewController>(_navigation->contentSize());
-    if (!page) {
-        const auto error
-            = "The principal class " + principal->name() + " of " + _bundle->path() + " is no page.";
-        _navigation->setRoot(std::make_shared<ErrorPage>(error));
-        return error;
-    }
-    _navigation->setRoot(page);
-    if (page->title().empty())
-        page->setTitle(_title);
-    return std::nullopt;
 }
 
 void Phone::settle()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ErrorPage.h"
+#include "PagePath.h"
 #include "platform/Bitmap.h"
 #include "platform/Geometry.h"
 #include "platform/NSBundle.h"
@@ -48,6 +50,29 @@ public:
     /// Loads the bundle and shows its first page. On failure an error page is shown, and the true reason
     /// returned.
     std::optional<std::string> openBundle();
+    /// Makes the pages anew, from the bundle as it is on disk now, and comes back to the pages that were
+    /// open, scrolled as they were; after an error page, to those before it. A module that has not changed
+    /// stays loaded. Returns as `openBundle` does. Must not be called from within anything of a page.
+    std::optional<std::string> reloadBundle();
+    /// Takes the pages away for an error page, and remembers them for the next `reloadBundle`.
+    void showError(ErrorPage::Content);
+    /// What the button on error pages does; without it they have none.
+    void setTryAgain(std::function<void()> tryAgain) { _tryAgain = std::move(tryAgain); }
+
+    /// The pages that are open, or that the next `reloadBundle` comes back to.
+    PagePath pagePath() const;
+    void setPagePath(PagePath path) { _path = std::move(path); }
+    /// Where the bundle comes from on this machine.
+    std::string bundleFolder() const;
+    /// Null while none is loaded.
+    const platform::NSBundle* bundle() const { return _bundle.get(); }
+    /// As they are now, the environment's changes among them.
+    const PhoneOptions& options() const { return _options; }
+
+    /// Called before pages go together with the code of their classes: whoever keeps a view or a page lets go
+    /// of it then. Returns a number to stop it with.
+    int whenPagesGo(std::function<void()>);
+    void stopTellingWhenPagesGo(int number);
 
     platform::UIWindow& window() { return *_window; }
     platform::UINavigationController& navigation() { return *_navigation; }
@@ -105,7 +130,11 @@ public:
     void stopListening(int listener);
 
 private:
+    std::string installBundle(); ///< Returns its device path.
     std::optional<std::string> showFirstPage();
+    std::string showErrorPage(ErrorPage::Content);
+    void closePages();
+    void dropBundle();
     void applyDirection() const;
     void environmentDidChange() const;
 
@@ -114,6 +143,11 @@ private:
     platform::Ref<platform::UIWindow> _window;
     std::unique_ptr<platform::UINavigationController> _navigation;
     std::shared_ptr<platform::NSBundle> _bundle;
+    bool _showsError = false;
+    PagePath _path; ///< To come back to while an error is shown.
+    std::function<void()> _tryAgain;
+    std::vector<std::pair<int, std::function<void()>>> _whenPagesGo;
+    int _nextWhenPagesGo = 1;
     std::function<void(const std::vector<platform::PixelRect>&)> _damageHandler;
     PhoneObserver* _observer = nullptr;
     std::vector<std::pair<int, std::function<void()>>> _listeners;

@@ -1,9 +1,7 @@
 #include "Phone.h"
 
 #include "Installation.h"
-#include "PagePath.h"
 #include "platform/Device.h"
-#include "platform/UIAlertView.h"
 
 #include <QLocale>
 
@@ -12,18 +10,6 @@
 namespace host {
 
 using namespace platform;
-
-namespace {
-
-void layOutAnew(UIView& view)
-{
-    view.setNeedsLayout();
-    view.setNeedsDisplay();
-    for (const auto& subview : view.subviews())
-        layOutAnew(*subview);
-}
-
-}
 
 void Phone::setToggleInstalled(bool isInstalled)
 {
@@ -122,22 +108,6 @@ bool Phone::moveClock(double seconds)
         return false;
     setStandingClock(standing->dateByAddingTimeInterval(seconds));
     return true;
-}
-
-void Phone::makePagesAnew()
-{
-    _window->touchCancelled();
-    while (auto* const alert = UIAlertView::topmost())
-        alert->removeFromSuperview();
-    if (_bundle) {
-        const auto path = pagePathOf(*_navigation);
-        // The old pages have gone before the new ones come: what they share is the new ones' then.
-        _navigation->setRoot(nullptr);
-        _navigation->view().layoutIfNeeded();
-        static_cast<void>(showFirstPage());
-        static_cast<void>(followPagePath(*_navigation, path)); // As far as the pages are still there.
-    }
-    layOutAnew(*_window);
 }
 
 int Phone::listenToEnvironment(std::function<void()> listener)

@@ -50,11 +50,16 @@ PhoneView::PhoneView(Phone& phone, QWidget* parent)
     connect(&_glide, &QTimer::timeout, this, [this] { glide(); });
     _phone.window().setNeedsDisplayHandler([this] { _refresh.start(0); });
     _phone.setDamageHandler([this](const std::vector<PixelRect>& damage) { show(damage); });
+    _whenPagesGo = _phone.whenPagesGo([this] {
+        _glide.stop();
+        _gliding.reset();
+    });
     _phone.settle();
 }
 
 PhoneView::~PhoneView()
 {
+    _phone.stopTellingWhenPagesGo(_whenPagesGo);
     _phone.window().setNeedsDisplayHandler({});
     _phone.setDamageHandler({});
 }

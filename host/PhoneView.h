@@ -47,6 +47,7 @@ private:
     QElapsedTimer _clock;
     double _lastGlide = 0; ///< Seconds on the clock.
     platform::Ref<platform::UIScrollView> _gliding;
+    int _whenPagesGo = 0;
 };
 
 }
