@@ -35,7 +35,7 @@ constexpr CommandRule rules[] = {
     { "drive", Mode::Drive, OptionRule::InDrive, "let a script drive the pane, without a display",
         "[SCRIPT|-]", "script", Operand::Allowed, takeScript },
     { "gallery", Mode::Gallery, OptionRule::InWindow, "show every picker and gradient view in the window" },
-    { "help", Mode::Help, OptionRule::InHelp, "print this, or all about one command", "[COMMAND]", "command",
+    { "help", Mode::Help, OptionRule::InHelp, "print help, or all about one command", "[COMMAND]", "command",
         Operand::Allowed, takeTopic },
     { "lint", Mode::Lint, OptionRule::InLint, "check a bundle: its Info.plist, rows, classes and images",
         "BUNDLE", "bundle", Operand::Needed, takeBundle },

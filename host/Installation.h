@@ -17,7 +17,7 @@ struct InstallationSources {
     std::filesystem::path toggle; ///< The stand-in toggle framework's module.
     std::filesystem::path gallery {}; ///< The folder Gallery.bundle.
 
-    /// As the build lays them out beside the running program.
+    /// As they lie around the running program: installed, or as the build lays them out.
     static InstallationSources ofThisBuild();
 };
 

@@ -108,7 +108,7 @@ constexpr OptionRule rules[] = {
     { "--statusbar", "", OptionRule::WithPhone, takeStatusBar, "with the status-bar library's file" },
     { "--bundle", "DIR", OptionRule::WithPhone, takeBundle, "another bundle's folder" },
     { "--keep-going", "", OptionRule::InDrive, takeKeepGoing, "go on after a command that failed" },
-    { "--help", "", OptionRule::Everywhere, takeHelp, "print this, or all about the command before it" },
+    { "--help", "", OptionRule::Everywhere, takeHelp, "print help, or all about the command before it" },
     { "--version", "", OptionRule::Everywhere, takeVersion, "print the version" },
 };
 

@@ -84,9 +84,9 @@ def draw(width, height, paint, scale):
         return min(max(0.5 - distance * scale, 0), 1)
 
     rows = []
-    for row in range(height * scale):
+    for row in range(int(height * scale)):
         line = bytearray()
-        for column in range(width * scale):
+        for column in range(int(width * scale)):
             pixel = paint((column + 0.5) / scale, (row + 0.5) / scale, coverage)
             line += bytes(math.floor(component * 255 + 0.5) for component in pixel)
         rows.append(bytes(line))
@@ -134,4 +134,5 @@ def main():
     return 1 if wrong else 0
 
 
-sys.exit(main())
+if __name__ == "__main__":
+    sys.exit(main())

@@ -7,7 +7,7 @@ packages_run=(
     pkg-config python3 qt6-base-dev
 )
 packages_test=("${packages_run[@]}"
-    clang clang-format libclang-rt-14-dev libgtest-dev strace xdotool xvfb
+    clang clang-format desktop-file-utils libclang-rt-14-dev libgtest-dev strace xdotool xvfb
 )
 packages_bench=("${packages_run[@]}"
     libbenchmark-dev libcairo2-dev

@@ -41,12 +41,15 @@ std::string missingSymbols(const std::filesystem::path& module)
         if (!handles.back())
             return {};
     }
-    std::string names;
+    std::set<std::string> missing;
     for (const auto& symbol : neededSymbols(module)) {
         const auto has = [&](void* handle) { return ::dlsym(handle, symbol.c_str()) != nullptr; };
         if (std::none_of(handles.begin(), handles.end(), has))
-            names += (names.empty() ? "" : ", ") + readable(symbol);
+            missing.insert(readable(symbol));
     }
+    std::string names;
+    for (const auto& name : missing)
+        names += (names.empty() ? "" : ", ") + name;
     return names;
 }
 
