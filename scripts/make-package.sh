@@ -7,6 +7,7 @@ need_packages "${packages_run[@]}" dpkg-dev fakeroot file
 build_preset release
 # What the package gives must not depend on who makes it.
 umask 022
-cpack --config build/release/CPackConfig.cmake -B build/package "$@" >build/package.log 2>&1 || { cat build/package.log >&2; exit 1; }
-package=$(ls -t build/package/*.deb | head -n 1)
-say "The package is $package."
+rm -rf build/package
+cpack --config build/release/CPackConfig.cmake -B build/package "$@" >build/package.log 2>&1 \
+    || { cat build/package.log >&2; exit 1; }
+printf 'The package is %s\n' build/package/*.deb

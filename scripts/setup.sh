@@ -2,13 +2,16 @@
 # Sourced by ./run, ./test and ./bench: installs what is missing of Debian's packages and builds a preset.
 # Does nothing that need not be done: when all is there, only dpkg and the build tool have a look.
 
+# shellcheck disable=SC2034 # Whoever sources this uses them.
 packages_run=(
     cmake dbus fonts-dejavu-core fonts-inter g++ libicu-dev libboost-dev libgl-dev libplist-dev ninja-build
     pkg-config python3 qt6-base-dev
 )
+# shellcheck disable=SC2034
 packages_test=("${packages_run[@]}"
     clang clang-format desktop-file-utils libclang-rt-14-dev libgtest-dev strace xdotool xvfb
 )
+# shellcheck disable=SC2034
 packages_bench=("${packages_run[@]}"
     libbenchmark-dev libcairo2-dev
 )
