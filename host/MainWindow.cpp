@@ -85,6 +85,7 @@ MainWindow::MainWindow(Phone& phone)
     connect(showOrHide, &QShortcut::activated, this, [this] { setInspectorShown(!inspectorIsShown()); });
     connect(_inspectorButton, &QToolButton::clicked, this, &MainWindow::setInspectorShown);
     showLastInspector();
+    _environmentListener = _phone.listenToEnvironment([this] { showEnvironment(); });
     _listener = Journal::shared().listen([this](const JournalEntry& entry) {
         if (const auto text = textFor(entry); !text.isEmpty())
             _last->setText(text);
@@ -95,6 +96,7 @@ MainWindow::MainWindow(Phone& phone)
 
 MainWindow::~MainWindow()
 {
+    _phone.stopListening(_environmentListener);
     Journal::shared().stop(_listener);
     if (_inspector)
         rememberInspector();
@@ -173,6 +175,31 @@ void MainWindow::setInspectorShown(bool isShown)
     _phoneSide->setMinimumWidth(0); // Its own layout's then counts again.
     _phoneSide->setMaximumWidth(QWIDGETSIZE_MAX);
     rememberInspector();
+}
+
+void MainWindow::showEnvironment()
+{
+    _toggle->setText(presentToggleText());
+    if (!_view->showsWholeScreen())
+        fitPhone();
+}
+
+void MainWindow::fitPhone()
+{
+    // The screen has its size already; the ones that the view goes through on the way there are nobody's.
+    _view->holdScreen(true);
+    const auto wanted = _view->sizeHint();
+    const auto whole = size() + wanted - _view->size();
+    _view->updateSmallestSize();
+    const auto inspector = inspectorIsShown() ? _inspector->width() : 0;
+    _phoneSide->setFixedWidth(wanted.width());
+    layout()->activate();
+    resize(whole);
+    if (inspector > 0)
+        _splitter->setSizes({ wanted.width(), inspector });
+    _phoneSide->setMinimumWidth(0);
+    _phoneSide->setMaximumWidth(QWIDGETSIZE_MAX);
+    _view->holdScreen(false);
 }
 
 void MainWindow::rememberInspector() const

@@ -16,7 +16,8 @@ class PhoneView;
 
 /// The phone, and below it one line: what it told the rest of the system last, the companion toggle's state,
 /// and a button that shows the inspector beside the phone. Showing and hiding the inspector changes the
-/// window's width, never the phone's, as far as the screen has room.
+/// window's width, never the phone's, as far as the screen has room. When the phone's screen gets another
+/// size, the window follows.
 class MainWindow final : public QWidget {
 public:
     /// The phone must live as long as the window.
@@ -33,6 +34,8 @@ private:
     void layOut();
     void showLastInspector();
     void rememberInspector() const;
+    void showEnvironment();
+    void fitPhone();
 
     Phone& _phone;
     QSplitter* _splitter;
@@ -44,6 +47,7 @@ private:
     Inspector* _inspector = nullptr;
     int _inspectorWidth; ///< To show it with, in logical pixels.
     int _listener = 0;
+    int _environmentListener = 0;
 };
 
 }

@@ -42,7 +42,7 @@ PhoneView::PhoneView(Phone& phone, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_InputMethodEnabled);
-    setMinimumSize((QSizeF(smallestWidth, smallestHeight) * pixelsAPoint()).toSize());
+    updateSmallestSize();
     _clock.start();
     _refresh.setSingleShot(true);
     _glide.setInterval(frameInterval);
@@ -116,9 +116,38 @@ void PhoneView::paintEvent(QPaintEvent* event)
 
 void PhoneView::resizeEvent(QResizeEvent*)
 {
+    if (!_screenIsHeld)
+        takeOwnSize();
+}
+
+CGSize PhoneView::sizeInPoints() const
+{
     const auto pixels = pixelsAPoint();
-    _phone.setScreen({ std::floor(width() / pixels), std::floor(height() / pixels) },
-        static_cast<int>(Device::current().scale));
+    return { std::floor(width() / pixels), std::floor(height() / pixels) };
+}
+
+bool PhoneView::showsWholeScreen() const
+{
+    return sizeInPoints() == Device::current().screenSize;
+}
+
+void PhoneView::updateSmallestSize()
+{
+    // A phone that is smaller still, as its user wishes, is shown as it is.
+    const auto least = QSizeF(smallestWidth, smallestHeight) * pixelsAPoint();
+    setMinimumSize(least.toSize().boundedTo(sizeHint()));
+}
+
+void PhoneView::holdScreen(bool isHeld)
+{
+    _screenIsHeld = isHeld;
+    if (!isHeld)
+        takeOwnSize();
+}
+
+void PhoneView::takeOwnSize()
+{
+    _phone.setScreen(sizeInPoints(), static_cast<int>(Device::current().scale));
     _phone.settle();
     update();
 }

@@ -21,7 +21,14 @@ public:
     explicit PhoneView(Phone&, QWidget* parent = nullptr);
     ~PhoneView() override;
 
+    /// The phone's screen, in logical pixels.
     QSize sizeHint() const override;
+    /// Whether the phone's screen is as large as this widget, as far as whole points go.
+    bool showsWholeScreen() const;
+    /// After a change of the scale: how small the widget may get.
+    void updateSmallestSize();
+    /// While it is held, the screen keeps its size; when it is let go, it takes the widget's.
+    void holdScreen(bool);
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -41,8 +48,11 @@ private:
     /// Logical pixels of this widget a point.
     double pixelsAPoint() const;
     platform::CGPoint pointFor(QPointF) const;
+    platform::CGSize sizeInPoints() const;
+    void takeOwnSize();
 
     Phone& _phone;
+    bool _screenIsHeld = false;
     QTimer _refresh, _glide;
     QElapsedTimer _clock;
     double _lastGlide = 0; ///< Seconds on the clock.

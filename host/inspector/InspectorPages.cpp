@@ -1,5 +1,6 @@
 #include "InspectorPages.h"
 
+#include "EnvironmentPage.h"
 #include "FilePage.h"
 #include "host/PhoneView.h"
 #include "TimelinePage.h"
@@ -23,6 +24,7 @@ template <typename Page> QWidget* makePage(Phone& phone, [[maybe_unused]] PhoneV
 constexpr InspectorPage pages[] = {
     { "file", "File", makePage<FilePage> },
     { "timeline", "Timeline", makePage<TimelinePage> },
+    { "environment", "Environment", makePage<EnvironmentPage> },
 };
 
 }
