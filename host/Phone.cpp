@@ -114,8 +114,8 @@ void Phone::setScreen(CGSize size, int scale)
     auto& device = Device::current();
     if (device.screenSize == size && device.scale == scale)
         return;
-    device.screenSize = size;
-    device.scale = scale;
+    device.screenSize = _options.size = size;
+    device.scale = _options.scale = scale;
     _window->setFrame({ 0, 0, size.width, size.height });
     _window->setScale(scale);
     _navigation->setSize(size);

@@ -1,6 +1,7 @@
 #include "Phone.h"
 
 #include "Installation.h"
+#include "Instant.h"
 #include "platform/Device.h"
 
 #include <QLocale>
@@ -83,7 +84,7 @@ void Phone::setScale(int scale)
     auto& device = Device::current();
     if (device.scale == scale)
         return;
-    device.scale = scale;
+    device.scale = _options.scale = scale;
     _window->setScale(scale);
     makePagesAnew(); // Images are loaded, and texts measured, for a scale.
     environmentDidChange();
@@ -92,12 +93,14 @@ void Phone::setScale(int scale)
 void Phone::setStandingClock(NSDate date)
 {
     Device::current().standingClock = date;
+    _options.now = textFromInstant(date); // To the microsecond.
     environmentDidChange();
 }
 
 void Phone::setRunningClock()
 {
     Device::current().standingClock = std::nullopt;
+    _options.now = std::nullopt;
     environmentDidChange();
 }
 

@@ -188,4 +188,20 @@ TEST_F(PhoneEnvironment, WhoListensIsToldOfEveryChangeAndOfNothingElse)
     EXPECT_EQ(told, 9);
 }
 
+TEST_F(PhoneEnvironment, TheOptionsAreWhatIsSoNow)
+{
+    open(options());
+    phone->setScreen({ 320, 568 }, 1);
+    phone->setScale(3);
+    phone->setStandingClock(NSDate(410961600.5));
+    phone->setDirection(TextDirection::RightToLeft);
+    const auto& now = phone->options();
+    EXPECT_EQ(now.size, (CGSize { 320, 568 }));
+    EXPECT_EQ(now.scale, 3);
+    EXPECT_EQ(now.now, "2014-01-09T12:00:00.5Z");
+    EXPECT_EQ(now.direction, TextDirection::RightToLeft);
+    phone->setRunningClock();
+    EXPECT_EQ(phone->options().now, std::nullopt);
+}
+
 }
