@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 #include "Pictures.h"
 #include "platform/qt/NotifyCenter.h"
+#include "reload/Reloader.h"
 #include "WithoutDisplay.h"
 
 #include <QApplication>
@@ -60,14 +61,14 @@ int runWindow(int argc, char** argv, PhoneOptions options, Scale scale)
     if (onScreen && scale == Scale::OfTheScreen)
         options.scale = std::clamp(static_cast<int>(std::lround(application->devicePixelRatio())), 1, 3);
     Phone phone(options);
-    const auto error = phone.openBundle();
-    if (error)
-        std::fprintf(stderr, "%s\n", error->c_str());
+    Reloader reloader(phone);
+    reloader.open();
     if (!onScreen)
         return writePictures(phone);
 
     MainWindow window(phone);
     window.setWindowTitle(QStringLiteral("Vekora"));
+    reloader.watch(window);
     window.show();
     QTimer::singleShot(0, &window, noteMissingBus);
     const auto status = QApplication::exec();

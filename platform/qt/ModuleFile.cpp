@@ -1,5 +1,6 @@
 #include "ModuleFile.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
@@ -130,6 +131,21 @@ bool ModuleFile::read(void* target, Part part) const
     return true;
 }
 
+bool ModuleFile::isModule() const
+{
+    char beginning[SELFMAG] = {};
+    const auto size = std::min<std::uint64_t>(_size, SELFMAG);
+    return size > 0 && read(beginning, { 0, size }) && std::memcmp(beginning, ELFMAG, size) == 0;
+}
+
+bool ModuleFile::isUnwritten() const
+{
+    char beginning[SELFMAG] = {};
+    const char zeros[SELFMAG] = {};
+    const auto size = std::min<std::uint64_t>(_size, SELFMAG);
+    return read(beginning, { 0, size }) && std::memcmp(beginning, zeros, size) == 0;
+}
+
 std::string ModuleFile::problem() const
 {
     if (!_file)
@@ -139,8 +155,7 @@ std::string ModuleFile::problem() const
         return "is empty";
     if (_size > largestModule)
         return "is larger than any module";
-    if (!read(&header, { 0, std::min<std::uint64_t>(_size, SELFMAG) })
-        || std::memcmp(header.e_ident, ELFMAG, std::min<std::uint64_t>(_size, SELFMAG)) != 0)
+    if (!isModule())
         return "is no module at all";
     const auto cutOff = "ends after " + std::to_string(_size) + " bytes, in the middle";
     if (!read(&header, { 0, sizeof header }))

@@ -27,6 +27,11 @@ class ModuleFile {
 public:
     explicit ModuleFile(const std::string& path);
 
+    /// Whether it begins as a module does, whole or not.
+    bool isModule() const;
+    /// Empty, or with nothing but zeros where its beginning is to be.
+    bool isUnwritten() const;
+
     /// Why the loader must not see it, as the end of a sentence that begins "it "; empty for a whole module
     /// of this kind of processor.
     std::string problem() const;
