@@ -31,14 +31,14 @@ constexpr FaultWord words[] = {
 /// What another process would do, and so past the faults that are the phone's.
 void removeFile()
 {
-    const auto place = findPlace(preferenceFile, FinalLink::Keep);
+    const auto place = findPlace(preferenceFile(), FinalLink::Keep);
     if (!place || ::unlinkat(place->folder.number(), place->name.c_str(), 0) != 0)
         fail("can't vanish");
 }
 
 void halveFile()
 {
-    const auto place = findPlace(preferenceFile, FinalLink::Follow);
+    const auto place = findPlace(preferenceFile(), FinalLink::Follow);
     const FileDescriptor file(place ? ::openat(place->folder.number(), place->name.c_str(),
                                   O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC)
                                     : -1);
@@ -55,7 +55,7 @@ void halveFile()
 /// Whether this is the folder of the preference file.
 bool isPreferenceFolder(int folder)
 {
-    const auto place = findPlace(preferenceFile, FinalLink::Follow);
+    const auto place = findPlace(preferenceFile(), FinalLink::Follow);
     struct stat own { };
     struct stat given { };
     return place && ::fstat(place->folder.number(), &own) == 0 && ::fstat(folder, &given) == 0

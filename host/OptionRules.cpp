@@ -63,6 +63,14 @@ std::string takeBundle(Options& options, const std::string& value)
     return {};
 }
 
+std::string takeDefaults(Options& options, const std::string& value)
+{
+    if (value.empty() || value.find('/') != std::string::npos)
+        return "--defaults takes a domain, as net.example.pane, not \"" + value + "\".";
+    options.phone.defaults = value;
+    return {};
+}
+
 std::string takeToggle(Options& options, const std::string&)
 {
     options.phone.toggle = true;
@@ -107,6 +115,8 @@ constexpr OptionRule rules[] = {
     { "--toggle", "", OptionRule::WithPhone, takeToggle, "with the stand-in companion toggle" },
     { "--statusbar", "", OptionRule::WithPhone, takeStatusBar, "with the status-bar library's file" },
     { "--bundle", "DIR", OptionRule::WithPhone, takeBundle, "another bundle's folder" },
+    { "--defaults", "DOMAIN", OptionRule::WithRoot, takeDefaults,
+        "the preference file to show, as its rows name it (the bundle's)" },
     { "--keep-going", "", OptionRule::InDrive, takeKeepGoing, "go on after a command that failed" },
     { "--help", "", OptionRule::Everywhere, takeHelp, "print help, or all about the command before it" },
     { "--version", "", OptionRule::Everywhere, takeVersion, "print the version" },

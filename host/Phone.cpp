@@ -6,6 +6,7 @@
 #include "platform/Device.h"
 #include "platform/UIScrollView.h"
 #include "platform/UITextField.h"
+#include "PreferenceFile.h"
 
 #include <stdexcept>
 
@@ -48,6 +49,7 @@ Phone::Phone(const PhoneOptions& options)
         installation.removeStatusBarLibrary();
 
     setUpDevice(options);
+    setPreferenceDomain(options.defaults);
     applyDirection();
     loadPlugIn(toggleLibraryPath);
     _window = std::make_shared<UIWindow>(options.size);

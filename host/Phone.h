@@ -34,6 +34,7 @@ struct PhoneOptions {
     bool statusBar = false;
     std::string bundle; ///< A bundle's folder on this machine; empty for the project's own, as installed
                         ///< below the root.
+    std::string defaults; ///< The domain of the preference file to look at; empty for the bundle's.
 };
 
 /// The Settings application without a window system: the device's root, the loaded bundle, and a window of

@@ -1,8 +1,10 @@
 #include "Installation.h"
 #include "LoaderEntry.h"
 #include "Phone.h"
+#include "platform/PSListController.h"
 #include "platform/UIAlertView.h"
 #include "platform/UITextField.h"
+#include "PreferenceFile.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -68,6 +70,8 @@ std::optional<std::string> Phone::showFirstPage()
             = "The principal class " + principal->name() + " of " + _bundle->path() + " is no page." });
     _showsError = false;
     _navigation->setRoot(page);
+    if (!_options.bundle.empty() && _options.defaults.empty())
+        setPreferenceDomain(preferenceDomainOf(*_bundle, dynamic_cast<PSListController*>(page.get())));
     if (page->title().empty())
         page->setTitle(_title);
     return std::nullopt;

@@ -18,7 +18,7 @@ constexpr double longestWait = 1e10;
 
 QJsonObject prefs(Driver&, Words)
 {
-    const auto file = NSMutableDictionary::dictionaryWithContentsOfFile(preferenceFile);
+    const auto file = NSMutableDictionary::dictionaryWithContentsOfFile(preferenceFile());
     return { { "prefs", file ? QJsonValue(jsonFromDictionary(file->entries())) : QJsonValue() } };
 }
 

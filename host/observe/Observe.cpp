@@ -23,7 +23,7 @@ namespace {
 
 PropertyList readPreferences()
 {
-    const auto file = NSMutableDictionary::dictionaryWithContentsOfFile(preferenceFile);
+    const auto file = NSMutableDictionary::dictionaryWithContentsOfFile(preferenceFile());
     return file ? file->entries() : PropertyList {};
 }
 
@@ -64,6 +64,7 @@ int runObserve(const Options& options)
         &interrupted, &QSocketNotifier::activated, &application, [] { QCoreApplication::exit(0); });
 
     Device::current().root = options.phone.root;
+    setPreferenceDomain(options.phone.defaults);
     auto known = readPreferences();
     const NotificationListener listener([&](const std::string& posted) {
         auto present = readPreferences();
@@ -75,7 +76,7 @@ int runObserve(const Options& options)
     if (!listener.isListening())
         throw std::runtime_error("There is no session bus to listen on.");
     std::fprintf(stderr, "Listening. The preferences are %s%s; Ctrl-C ends it.\n", options.phone.root.c_str(),
-        std::string(preferenceFile).c_str());
+        preferenceFile().c_str());
     return QCoreApplication::exec();
 }
 

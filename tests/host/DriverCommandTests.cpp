@@ -150,6 +150,28 @@ TEST(DriverFiles, PrefsIsNullWithoutAReadableFile)
     EXPECT_EQ(compact(ask.ok("prefs")["prefs"]), "{}");
 }
 
+TEST(DriverFiles, PrefsIsTheFileThatRowsNameElseTheOneNamedAsTheBundle)
+{
+    const auto store = [](const Conversation& ask, const std::string& domain) {
+        writeTestFile(ask.root() / ("private/var/mobile/Library/Preferences/" + domain + ".plist"),
+            "<plist version=\"1.0\"><dict><key>of</key><string>" + domain + "</string></dict></plist>");
+    };
+    Conversation rows; // Whose identifier is another than its rows' domain.
+    store(rows, "net.morvane.vekora");
+    store(rows, "net.morvane.testpane");
+    EXPECT_EQ(rows.ok("prefs")["prefs"].toObject()["of"].toString(), "net.morvane.vekora");
+
+    Conversation identifier({ "--bundle", GALLERY_BUNDLE }); // No row of it names a domain.
+    store(identifier, "net.morvane.vekora");
+    store(identifier, "net.morvane.vekora.gallery");
+    EXPECT_EQ(identifier.ok("prefs")["prefs"].toObject()["of"].toString(), "net.morvane.vekora.gallery");
+
+    Conversation given({ "--defaults", "net.example.other" });
+    store(given, "net.morvane.vekora");
+    store(given, "net.example.other");
+    EXPECT_EQ(given.ok("prefs")["prefs"].toObject()["of"].toString(), "net.example.other");
+}
+
 TEST(DriverFiles, PrefsShowsEveryKindOfValue)
 {
     Conversation ask;

@@ -69,6 +69,7 @@ TEST(Options, HasDefaults)
     EXPECT_EQ(defaults.phone.timeZone, "Asia/Tokyo");
     EXPECT_EQ(defaults.phone.now, std::nullopt);
     EXPECT_EQ(defaults.phone.root, "/somewhere/data/vekora");
+    EXPECT_EQ(defaults.phone.defaults, "");
     EXPECT_FALSE(defaults.phone.toggle);
     EXPECT_FALSE(defaults.phone.statusBar);
     EXPECT_FALSE(defaults.keepGoing);
@@ -117,6 +118,13 @@ TEST(Options, TakesTheDirectionOfRows)
     EXPECT_EQ(options({ "--direction", "rtl" }).phone.direction, host::TextDirection::RightToLeft);
     EXPECT_EQ(options({ "--direction=ltr" }).phone.direction, host::TextDirection::LeftToRight);
     EXPECT_EQ(options({ "drive", "--direction=locale" }).phone.direction, host::TextDirection::OfTheLocale);
+}
+
+TEST(Options, TakesTheDomainOfThePreferences)
+{
+    EXPECT_EQ(options({ "--defaults", "net.example.pane" }).phone.defaults, "net.example.pane");
+    EXPECT_EQ(options({ "observe", "--defaults=net.example.pane" }).phone.defaults, "net.example.pane");
+    EXPECT_EQ(error({ "--defaults", "a/b" }), "--defaults takes a domain, as net.example.pane, not \"a/b\".");
 }
 
 TEST(Options, KnowsWhetherTheScaleWasGiven)
