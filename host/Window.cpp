@@ -57,6 +57,7 @@ int runWindow(int argc, char** argv, PhoneOptions options, Scale scale)
     const auto application
         = onScreen ? std::make_unique<QApplication>(argc, argv) : applicationWithoutDisplay(options.root);
     QApplication::setApplicationDisplayName(QStringLiteral("Settings"));
+    QApplication::setDesktopFileName(QStringLiteral("vekora-host"));
 
     if (onScreen && scale == Scale::OfTheScreen)
         options.scale = std::clamp(static_cast<int>(std::lround(application->devicePixelRatio())), 1, 3);
