@@ -59,15 +59,15 @@ InstallationSources InstallationSources::ofThisBuild()
     const auto program = fs::read_symlink("/proc/self/exe", error);
     if (error)
         throw std::runtime_error("The running program's folder cannot be found: " + error.message() + ".");
-    const auto folder = (program.parent_path() / VEKORA_PRIVATE_FOLDER).lexically_normal();
-    const auto isInstalled = fs::exists(folder / "Vekora.bundle", error);
-    const auto build = program.parent_path().parent_path();
-    const auto data = isInstalled ? folder : build;
+    // Installed, or as the build lays it out.
+    auto folder = (program.parent_path() / VEKORA_PRIVATE_FOLDER).lexically_normal();
+    if (!fs::exists(folder / "Vekora.bundle", error))
+        folder = program.parent_path().parent_path();
     return {
-        .bundle = data / "Vekora.bundle",
-        .loaderEntry = data / "loader/Vekora.plist",
-        .toggle = (isInstalled ? folder : build / "lib") / "Flipswitch.dylib",
-        .gallery = data / "Gallery.bundle",
+        .bundle = folder / "Vekora.bundle",
+        .loaderEntry = folder / "loader/Vekora.plist",
+        .toggle = folder / "lib/Flipswitch.dylib",
+        .gallery = folder / "Gallery.bundle",
     };
 }
 

@@ -66,7 +66,7 @@ def check_run_paths(prefix):
             continue
         count += 1
         paths = re.findall(r"(?:RUNPATH|RPATH).*\[(.*)\]", run("readelf", "-d", file).stdout)
-        wanted = ["$ORIGIN/../lib/vekora"] if file.name == "vekora-host" else []
+        wanted = ["$ORIGIN/../lib/vekora/lib"] if file.name == "vekora-host" else []
         if paths != wanted:
             fail(f"{file} looks for libraries in {paths}")
     if count != 5:
