@@ -90,6 +90,24 @@ void PhoneView::show(const std::vector<PixelRect>& damage)
     }
 }
 
+QRectF PhoneView::highlightRect() const
+{
+    const auto pixels = pixelsAPoint();
+    return { _highlight->x * pixels, _highlight->y * pixels, _highlight->width * pixels,
+        _highlight->height * pixels };
+}
+
+void PhoneView::setHighlight(std::optional<CGRect> rect)
+{
+    if (rect == _highlight)
+        return;
+    for (const auto& change : { _highlight, rect }) {
+        _highlight = change;
+        if (_highlight)
+            update(highlightRect().toAlignedRect());
+    }
+}
+
 void PhoneView::glide()
 {
     const auto now = static_cast<double>(_clock.nsecsElapsed()) / 1e9;
@@ -112,6 +130,11 @@ void PhoneView::paintEvent(QPaintEvent* event)
         const QRectF source(rect.x() * ratio, rect.y() * ratio, rect.width() * ratio, rect.height() * ratio);
         painter.drawImage(QRectF(rect), image, source);
     }
+    if (!_highlight)
+        return;
+    painter.setPen(QColor(0, 90, 255));
+    painter.setBrush(QColor(0, 122, 255, 70));
+    painter.drawRect(highlightRect().adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
 void PhoneView::resizeEvent(QResizeEvent*)

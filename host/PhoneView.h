@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <optional>
+
 namespace platform {
 class UIScrollView;
 }
@@ -30,6 +32,11 @@ public:
     /// While it is held, the screen keeps its size; when it is let go, it takes the widget's.
     void holdScreen(bool);
 
+    /// Marks a rectangle of the phone's window, above its picture and not in it; null takes the mark away.
+    void setHighlight(std::optional<platform::CGRect>);
+    /// Of the phone's window, from a place in this view.
+    platform::CGPoint pointFor(QPointF) const;
+
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
@@ -47,9 +54,9 @@ private:
     void glide();
     /// Logical pixels of this widget a point.
     double pixelsAPoint() const;
-    platform::CGPoint pointFor(QPointF) const;
     platform::CGSize sizeInPoints() const;
     void takeOwnSize();
+    QRectF highlightRect() const;
 
     Phone& _phone;
     bool _screenIsHeld = false;
@@ -58,6 +65,7 @@ private:
     double _lastGlide = 0; ///< Seconds on the clock.
     platform::Ref<platform::UIScrollView> _gliding;
     int _whenPagesGo = 0;
+    std::optional<platform::CGRect> _highlight;
 };
 
 }

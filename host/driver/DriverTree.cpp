@@ -1,10 +1,7 @@
 #include "DriverCommands.h"
 
+#include "host/ViewFacts.h"
 #include "Json.h"
-#include "platform/UIButton.h"
-#include "platform/UISegmentedControl.h"
-#include "platform/UISlider.h"
-#include "platform/UISwitch.h"
 #include "ViewSearch.h"
 
 namespace host {
@@ -13,76 +10,51 @@ using namespace platform;
 
 namespace {
 
-void describeLabel(QJsonObject& node, UILabel& label)
+template <typename T> void insert(QJsonObject& node, const char* name, const std::optional<T>& fact)
 {
-    node["textColor"] = jsonFromColor(label.textColor().cgColor());
-    node["alignment"] = static_cast<int>(label.textAlignment());
-    node["lines"] = static_cast<qint64>(label.numberOfLines());
+    if (!fact)
+        return;
+    if constexpr (std::is_same_v<T, std::string>)
+        node[name] = jsonFromText(*fact);
+    else if constexpr (std::is_same_v<T, CGColor>)
+        node[name] = jsonFromColor(*fact);
+    else if constexpr (std::is_same_v<T, long>)
+        node[name] = static_cast<qint64>(*fact);
+    else
+        node[name] = *fact;
 }
 
-void describeField(QJsonObject& node, UITextField& field)
+QJsonObject jsonFromFacts(const ViewFacts& facts)
 {
-    node["textColor"] = jsonFromColor(field.textColor().cgColor());
-    node["alignment"] = static_cast<int>(field.textAlignment());
-}
-
-void describeSlider(QJsonObject& node, UISlider& slider)
-{
-    node["value"] = static_cast<double>(slider.value());
-    node["min"] = static_cast<double>(slider.minimumValue());
-    node["max"] = static_cast<double>(slider.maximumValue());
-}
-
-template <typename View>
-void describeAs(QJsonObject& node, UIView& view, void (*describe)(QJsonObject&, View&))
-{
-    if (auto* special = dynamic_cast<View*>(&view))
-        describe(node, *special);
-}
-
-/// What only some kinds of view have.
-void describeKind(QJsonObject& node, UIView& view)
-{
-    if (const auto text = shownText(view))
-        node["text"] = jsonFromText(*text);
-    describeAs<UILabel>(node, view, describeLabel);
-    describeAs<UITextField>(node, view, describeField);
-    describeAs<UISlider>(node, view, describeSlider);
-    describeAs<UIButton>(node, view, [](QJsonObject& button, UIButton& of) {
-        button["textColor"] = jsonFromColor(of.titleLabel().textColor().cgColor());
-    });
-    describeAs<UISwitch>(node, view, [](QJsonObject& toggle, UISwitch& of) { toggle["on"] = of.isOn(); });
-    describeAs<UISegmentedControl>(node, view, [](QJsonObject& segments, UISegmentedControl& of) {
-        segments["value"] = static_cast<qint64>(of.selectedSegmentIndex());
-    });
-    describeAs<UIControl>(
-        node, view, [](QJsonObject& control, UIControl& of) { control["enabled"] = of.isEnabled(); });
-}
-
-void describeLayer(QJsonObject& node, const CALayer& layer)
-{
-    if (layer.backgroundColor())
-        node["background"] = jsonFromColor(layer.backgroundColor());
-    node["cornerRadius"] = layer.cornerRadius();
-    node["borderWidth"] = layer.borderWidth();
-    if (layer.borderWidth() > 0)
-        node["borderColor"] = jsonFromColor(layer.borderColor());
-    node["masksToBounds"] = layer.masksToBounds();
+    QJsonObject node {
+        { "class", jsonFromText(facts.className) },
+        { "frame", jsonFromRect(facts.frame) },
+        { "onScreen", jsonFromRect(facts.onScreen) },
+        { "hidden", facts.isHidden },
+        { "alpha", facts.alpha },
+        { "mask", static_cast<qint64>(facts.mask) },
+        { "tag", static_cast<qint64>(facts.tag) },
+        { "cornerRadius", facts.cornerRadius },
+        { "borderWidth", facts.borderWidth },
+        { "masksToBounds", facts.masksToBounds },
+    };
+    insert(node, "background", facts.background);
+    insert(node, "borderColor", facts.borderColor);
+    insert(node, "text", facts.text);
+    insert(node, "textColor", facts.textColor);
+    insert(node, "alignment", facts.alignment);
+    insert(node, "lines", facts.lines);
+    insert(node, "value", facts.value);
+    insert(node, "min", facts.minimum);
+    insert(node, "max", facts.maximum);
+    insert(node, "on", facts.isOn);
+    insert(node, "enabled", facts.isEnabled);
+    return node;
 }
 
 QJsonObject nodeOf(UIView& view)
 {
-    QJsonObject node {
-        { "class", jsonFromText(view.className()) },
-        { "frame", jsonFromRect(view.frame()) },
-        { "onScreen", jsonFromRect(rectInWindow(view)) },
-        { "hidden", view.isHidden() },
-        { "alpha", view.alpha() },
-        { "mask", static_cast<qint64>(view.autoresizingMask()) },
-        { "tag", static_cast<qint64>(view.tag()) },
-    };
-    describeLayer(node, view.layer());
-    describeKind(node, view);
+    auto node = jsonFromFacts(ViewFacts::of(view));
     QJsonArray children;
     for (const auto& child : view.subviews())
         children.append(nodeOf(*child));

@@ -120,6 +120,21 @@ UIView* firstViewOfClass(UIView& root, std::string_view className)
     return nullptr;
 }
 
+UIView* foremostViewAt(UIView& root, CGPoint point)
+{
+    if (!isShownItself(root))
+        return nullptr;
+    const bool isInside = CGRectContainsPoint(rectInWindow(root), point);
+    if (!isInside && root.clipsToBounds())
+        return nullptr;
+    const auto& children = root.subviews();
+    for (auto child = children.rbegin(); child != children.rend(); ++child) {
+        if (auto* found = foremostViewAt(**child, point))
+            return found;
+    }
+    return isInside ? &root : nullptr;
+}
+
 CGRect rectInWindow(const UIView& view)
 {
     return view.convertRectToView(view.bounds(), nullptr);

@@ -27,6 +27,10 @@ std::vector<platform::UIView*> viewsShowing(platform::UIView& root, std::string_
 /// The first in the window, back to front, of this class; null when there is none.
 platform::UIView* firstViewOfClass(platform::UIView& root, std::string_view className);
 
+/// The one that is seen at a point of the window, whether it takes touches or not; null outside the root, and
+/// where nothing is shown.
+platform::UIView* foremostViewAt(platform::UIView& root, platform::CGPoint);
+
 /// In the window.
 platform::CGRect rectInWindow(const platform::UIView&);
 platform::CGPoint middleInWindow(const platform::UIView&);

@@ -10,7 +10,7 @@ class PhoneView;
 /// The panel beside the phone: a tab for each page of `inspectorPages`. Made when it is first shown.
 class Inspector final : public QTabWidget {
 public:
-    static constexpr int usualWidth = 560; ///< Logical pixels.
+    static constexpr int usualWidth = 620; ///< Logical pixels.
     static constexpr int smallestWidth = 320;
 
     /// Phone and view must live as long as the inspector.

@@ -4,6 +4,7 @@
 #include "FilePage.h"
 #include "host/PhoneView.h"
 #include "TimelinePage.h"
+#include "ViewsPage.h"
 
 #include <type_traits>
 
@@ -24,6 +25,7 @@ template <typename Page> QWidget* makePage(Phone& phone, [[maybe_unused]] PhoneV
 constexpr InspectorPage pages[] = {
     { "file", "File", makePage<FilePage> },
     { "timeline", "Timeline", makePage<TimelinePage> },
+    { "views", "Views", makePage<ViewsPage> },
     { "environment", "Environment", makePage<EnvironmentPage> },
 };
 
