@@ -1,5 +1,6 @@
 #include "PhoneView.h"
 
+#include "access/ElementTree.h"
 #include "platform/Device.h"
 #include "platform/qt/TextEditor.h"
 #include "platform/UIAlertView.h"
@@ -46,9 +47,16 @@ PhoneView::PhoneView(Phone& phone, QWidget* parent)
     _clock.start();
     _refresh.setSingleShot(true);
     _glide.setInterval(frameInterval);
-    connect(&_refresh, &QTimer::timeout, this, [this] { _phone.settle(); });
+    connect(&_refresh, &QTimer::timeout, this, [this] {
+        _phone.settle();
+        followChanges();
+    });
     connect(&_glide, &QTimer::timeout, this, [this] { glide(); });
-    _phone.window().setNeedsDisplayHandler([this] { _refresh.start(0); });
+    _phone.window().setNeedsDisplayHandler([this] {
+        if (_screen)
+            _screen->invalidate();
+        _refresh.start(0);
+    });
     _phone.setDamageHandler([this](const std::vector<PixelRect>& damage) { show(damage); });
     _whenPagesGo = _phone.whenPagesGo([this] {
         _glide.stop();
@@ -80,6 +88,12 @@ CGPoint PhoneView::pointFor(QPointF position) const
     return { position.x() / pixelsAPoint(), position.y() / pixelsAPoint() };
 }
 
+QRectF PhoneView::rectFor(CGRect rect) const
+{
+    const auto pixels = pixelsAPoint();
+    return { rect.x * pixels, rect.y * pixels, rect.width * pixels, rect.height * pixels };
+}
+
 void PhoneView::show(const std::vector<PixelRect>& damage)
 {
     const auto ratio = devicePixelRatioF();
@@ -88,13 +102,40 @@ void PhoneView::show(const std::vector<PixelRect>& damage)
         const QRectF logical(rect.x / ratio, rect.y / ratio, rect.width / ratio, rect.height / ratio);
         update(logical.toAlignedRect());
     }
+    placeRing();
 }
 
-QRectF PhoneView::highlightRect() const
+Screen& PhoneView::screen()
 {
-    const auto pixels = pixelsAPoint();
-    return { _highlight->x * pixels, _highlight->y * pixels, _highlight->width * pixels,
-        _highlight->height * pixels };
+    if (!_screen)
+        _screen = std::make_unique<Screen>(_phone);
+    return *_screen;
+}
+
+KeyboardFocus& PhoneView::keyboardFocus()
+{
+    if (!_focus)
+        _focus = std::make_unique<KeyboardFocus>(screen());
+    return *_focus;
+}
+
+void PhoneView::followChanges()
+{
+    if (!_focus)
+        return;
+    _focus->follow();
+    placeRing();
+}
+
+void PhoneView::placeRing()
+{
+    if (!_focus)
+        return;
+    const auto* const element = _isLeft ? nullptr : _focus->element();
+    if (element)
+        _ring.show(*this, rectFor(currentRect(*element)), rectFor(clipAround(*element)));
+    else
+        _ring.hide(*this);
 }
 
 void PhoneView::setHighlight(std::optional<CGRect> rect)
@@ -104,7 +145,7 @@ void PhoneView::setHighlight(std::optional<CGRect> rect)
     for (const auto& change : { _highlight, rect }) {
         _highlight = change;
         if (_highlight)
-            update(highlightRect().toAlignedRect());
+            update(rectFor(*_highlight).toAlignedRect());
     }
 }
 
@@ -130,11 +171,12 @@ void PhoneView::paintEvent(QPaintEvent* event)
         const QRectF source(rect.x() * ratio, rect.y() * ratio, rect.width() * ratio, rect.height() * ratio);
         painter.drawImage(QRectF(rect), image, source);
     }
-    if (!_highlight)
-        return;
-    painter.setPen(QColor(0, 90, 255));
-    painter.setBrush(QColor(0, 122, 255, 70));
-    painter.drawRect(highlightRect().adjusted(0.5, 0.5, -0.5, -0.5));
+    if (_highlight) {
+        painter.setPen(QColor(0, 90, 255));
+        painter.setBrush(QColor(0, 122, 255, 70));
+        painter.drawRect(rectFor(*_highlight).adjusted(0.5, 0.5, -0.5, -0.5));
+    }
+    _ring.paint(painter);
 }
 
 void PhoneView::resizeEvent(QResizeEvent*)
@@ -185,6 +227,10 @@ void PhoneView::mousePressEvent(QMouseEvent* event)
     if (_gliding && _gliding != touched)
         _gliding->setContentOffset(_gliding->contentOffset());
     _gliding = touched;
+    if (_focus) {
+        _focus->hide(point);
+        placeRing();
+    }
     _phone.window().touchBegan(point, static_cast<double>(event->timestamp()) / 1e3);
     // A control took the touch; the content stands still below it all the same.
     if (_gliding && _gliding->isDecelerating())
@@ -220,7 +266,11 @@ void PhoneView::wheelEvent(QWheelEvent* event)
 
 void PhoneView::keyPressEvent(QKeyEvent* event)
 {
-    if (sendKeyToWindow(_phone.window(), *event))
+    _glide.stop();
+    _isLeft = false; // Keys may come without the focus where nobody manages windows.
+    const bool isUsed = keyboardFocus().keyPress(*event);
+    placeRing();
+    if (isUsed || sendKeyToWindow(_phone.window(), *event))
         return;
     if (event->key() == Qt::Key_Escape && !UIAlertView::topmost()) {
         if (!_phone.endEditing())
@@ -250,9 +300,21 @@ QVariant PhoneView::inputMethodQuery(Qt::InputMethodQuery query) const
     const auto inField = answer.toRectF();
     const auto inWindow
         = field->convertRectToView({ inField.x(), inField.y(), inField.width(), inField.height() }, nullptr);
-    const auto pixels = pixelsAPoint();
-    return QRectF(
-        inWindow.x * pixels, inWindow.y * pixels, inWindow.width * pixels, inWindow.height * pixels);
+    return rectFor(inWindow);
+}
+
+void PhoneView::focusInEvent(QFocusEvent* event)
+{
+    _isLeft = false;
+    placeRing();
+    QWidget::focusInEvent(event);
+}
+
+void PhoneView::focusOutEvent(QFocusEvent* event)
+{
+    _isLeft = true;
+    placeRing();
+    QWidget::focusOutEvent(event);
 }
 
 }

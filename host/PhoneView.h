@@ -1,5 +1,7 @@
 #pragma once
 
+#include "access/FocusRing.h"
+#include "access/KeyboardFocus.h"
 #include "Phone.h"
 
 #include <QElapsedTimer>
@@ -15,8 +17,8 @@ class UIScrollView;
 namespace host {
 
 /// Shows a phone's window pixel for pixel, and hands it the mouse as a finger, the wheel, keys and input
-/// methods. Only what changed is drawn, and nothing runs while nothing happens. Resizing it resizes the
-/// phone's screen.
+/// methods. The keyboard alone will do: a ring shows what it is at (access/KeyboardFocus.h). Only what
+/// changed is drawn, and nothing runs while nothing happens. Resizing it resizes the phone's screen.
 class PhoneView final : public QWidget {
 public:
     /// The phone must live as long as the view.
@@ -37,6 +39,12 @@ public:
     /// Of the phone's window, from a place in this view.
     platform::CGPoint pointFor(QPointF) const;
 
+    /// What the keyboard and assistive technologies see of the phone; made when the first of them asks.
+    Screen& screen();
+    KeyboardFocus& keyboardFocus();
+    /// From points of the phone to this widget.
+    QRectF rectFor(platform::CGRect) const;
+
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
@@ -45,6 +53,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent*) override;
     void wheelEvent(QWheelEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
+    void focusInEvent(QFocusEvent*) override;
+    void focusOutEvent(QFocusEvent*) override;
     void inputMethodEvent(QInputMethodEvent*) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery) const override;
     bool focusNextPrevChild(bool) override { return false; } // Tab is a key of the phone's.
@@ -52,11 +62,12 @@ protected:
 private:
     void show(const std::vector<platform::PixelRect>& damage);
     void glide();
+    void followChanges();
+    void placeRing();
     /// Logical pixels of this widget a point.
     double pixelsAPoint() const;
     platform::CGSize sizeInPoints() const;
     void takeOwnSize();
-    QRectF highlightRect() const;
 
     Phone& _phone;
     bool _screenIsHeld = false;
@@ -66,6 +77,10 @@ private:
     platform::Ref<platform::UIScrollView> _gliding;
     int _whenPagesGo = 0;
     std::optional<platform::CGRect> _highlight;
+    std::unique_ptr<Screen> _screen;
+    std::unique_ptr<KeyboardFocus> _focus;
+    FocusRing _ring;
+    bool _isLeft = false; ///< The keyboard is somewhere else.
 };
 
 }

@@ -73,6 +73,14 @@ void UIControl::sendActionsForControlEvents(unsigned events, UIEvent* event)
     }
 }
 
+unsigned UIControl::allControlEvents() const
+{
+    unsigned events = 0;
+    for (const auto& registration : ControlImpl::of(*this).registrations)
+        events |= registration.target.get() ? registration.events : 0;
+    return events;
+}
+
 bool UIControl::isEnabled() const
 {
     return ControlImpl::of(*this).enabled;

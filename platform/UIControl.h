@@ -38,6 +38,8 @@ public:
     /// gone is passed over. The same registration made twice counts once.
     void addTargetActionForControlEvents(NSObject* target, std::string_view action, unsigned events);
     void sendActionsForControlEvents(unsigned events, UIEvent* = nullptr);
+    /// The events that somebody is told of.
+    unsigned allControlEvents() const;
 
     bool isEnabled() const;
     virtual void setEnabled(bool);

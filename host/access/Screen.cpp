@@ -1,0 +1,35 @@
+#include "Screen.h"
+
+#include "ElementTree.h"
+#include "platform/UIAlertView.h"
+
+namespace host {
+
+using namespace platform;
+
+Screen::Screen(Phone& phone)
+    : _phone(phone)
+    , _actions(phone.window(), [this] {
+        _phone.settle();
+        invalidate();
+    })
+{
+}
+
+const Element& Screen::root()
+{
+    if (!_root) {
+        _phone.settle();
+        _root = readScreen(_phone.window(), _phone.navigation());
+    }
+    return *_root;
+}
+
+NSObject* Screen::context()
+{
+    if (auto* const alert = UIAlertView::topmost(); alert && alert->window() == &_phone.window())
+        return alert;
+    return _phone.navigation().topViewController();
+}
+
+}
