@@ -104,14 +104,14 @@ PSListController& Driver::page()
     return *page;
 }
 
-void Driver::press(CGPoint point)
+void Driver::press(CGPoint point, double timestamp)
 {
     if (_fingerIsDown)
         throw CommandFailure("The finger is down already; release it first.");
     if (!CGRectContainsPoint(window().bounds(), point))
         throw CommandFailure("The point lies outside the window.");
     _fingerIsDown = true;
-    window().touchBegan(point);
+    window().touchBegan(point, timestamp);
     _phone.settle();
 }
 

@@ -45,7 +45,7 @@ public:
     /// The shown page when it is one of rows; a failure otherwise.
     platform::PSListController& page();
     /// The finger. Each step settles the phone; steps that a finger cannot take are failures.
-    void press(platform::CGPoint);
+    void press(platform::CGPoint, double timestamp = 0);
     void move(platform::CGPoint);
     void release(platform::CGPoint);
     void tap(platform::CGPoint);

@@ -3,6 +3,7 @@
 #include "Json.h"
 #include "platform/UIAlertView.h"
 #include "platform/UIButton.h"
+#include "TapTarget.h"
 #include "ViewSearch.h"
 
 namespace host {
@@ -35,18 +36,6 @@ QJsonObject alert(Driver&, Words)
             { "keyboard", field ? static_cast<int>(field->keyboardType()) : 0 },
             { "text", field ? jsonFromText(shownText(*field).value_or("")) : QJsonValue() },
         } } };
-}
-
-UIButton* buttonTitled(UIView& view, std::string_view title)
-{
-    auto* button = dynamic_cast<UIButton*>(&view);
-    if (button && button->currentTitle() == title)
-        return button;
-    for (const auto& child : view.subviews()) {
-        if (auto* found = buttonTitled(*child, title))
-            return found;
-    }
-    return nullptr;
 }
 
 QJsonObject answer(Driver& driver, Words words)

@@ -70,6 +70,36 @@ QJsonObject clear(Driver& driver, Words)
     return textOf(field);
 }
 
+int placeFromWord(const std::string& word)
+{
+    long place = 0;
+    if (!readCount(word, place) || place > UITextField::Editor::maximumLength)
+        throw CommandFailure(quoted(word) + " is no place in a text.");
+    return static_cast<int>(place);
+}
+
+QJsonObject select(Driver& driver, Words words)
+{
+    auto& field = focusedField(driver);
+    field.editor().select(placeFromWord(words[0]), placeFromWord(words[1]));
+    return textOf(field);
+}
+
+QJsonObject edit(Driver& driver, Words words)
+{
+    auto& field = focusedField(driver);
+    const auto kept = field.weak_from_this().lock();
+    field.editor().replace(words[0], placeFromWord(words[1]), placeFromWord(words[2]));
+    return textOf(field);
+}
+
+QJsonObject done(Driver& driver, Words)
+{
+    focusedField(driver);
+    driver.phone().endEditing();
+    return {};
+}
+
 constexpr std::array<std::pair<std::string_view, Qt::Key>, 4> keys { {
     { "Return", Qt::Key_Return },
     { "Escape", Qt::Key_Escape },
@@ -98,6 +128,9 @@ constexpr DriverCommand commands[] = {
     { "paste", 1, 1, "one text, in quotation marks when it has blanks", paste },
     { "clear", 0, 0, "", clear },
     { "key", 1, 1, "one NAME", key },
+    { "select", 2, 2, "FROM and TO", select },
+    { "edit", 3, 3, "one text, in quotation marks when it has blanks, FROM and TO", edit },
+    { "done", 0, 0, "", done },
 };
 
 }

@@ -2,8 +2,10 @@
 
 #include "Json.h"
 #include "platform/PSListController.h"
+#include "platform/qt/TextEditor.h"
 #include "platform/UIButton.h"
 #include "ScriptParser.h"
+#include "TapTarget.h"
 #include "ViewSearch.h"
 
 namespace host {
@@ -25,58 +27,12 @@ QJsonObject at(CGPoint point)
     return { { "at", jsonFromPoint(point) } };
 }
 
-/// What a tap on the view is meant for: the control of the row whose title the view is, else the view.
-UIView& meantBy(UIView& view)
-{
-    auto* cell = cellAround(&view);
-    const bool isTitle = cell && (&view == cell || &view == &cell->textLabel());
-    auto* control = isTitle ? cell->control() : nullptr;
-    return control ? *control : view;
-}
-
-/// Brings the view into sight with the row that it lies in, as far as the row fits.
-void show(Driver& driver, UIView& view)
-{
-    auto* cell = cellAround(&view);
-    const auto* table = cell ? cell->superview() : nullptr;
-    if (table && cell->bounds().height <= table->bounds().height)
-        scrollIntoSight(*cell);
-    scrollIntoSight(view);
-    driver.phone().settle();
-}
-
-/// Where to touch the view, scrolled into sight if need be; nothing when it cannot be touched.
-std::optional<CGPoint> touchablePlace(Driver& driver, UIView& view)
-{
-    show(driver, view);
-    const auto middle = middleInWindow(view);
-    if (!isInSight(view, middle) || isCovered(driver.window(), view, middle))
-        return std::nullopt;
-    return middle;
-}
-
 CGPoint placeOrFail(Driver& driver, UIView& view, const std::string& what)
 {
-    const auto place = touchablePlace(driver, view);
+    const auto place = touchablePlace(driver.phone(), view);
     if (!place)
         throw CommandFailure("Something lies over " + what + ", so it can't be touched.");
     return *place;
-}
-
-/// A long page has no cells, and so no texts, far from what is in sight.
-void showRowTitled(Driver& driver, const std::string& title)
-{
-    auto* page = dynamic_cast<PSListController*>(driver.phone().navigation().topViewController());
-    if (!page)
-        return;
-    for (const auto& specifier : page->specifiers()) {
-        if (!specifier || specifier->name() != title)
-            continue;
-        if (const auto path = page->indexPathForSpecifier(specifier.get())) {
-            page->table().scrollToRowAtIndexPath(*path);
-            return driver.phone().settle();
-        }
-    }
 }
 
 CGPoint placeOfText(Driver& driver, const std::string& text)
@@ -85,19 +41,16 @@ CGPoint placeOfText(Driver& driver, const std::string& text)
         throw CommandFailure("An empty text is shown nowhere.");
     auto views = viewsShowing(driver.window(), text);
     if (views.empty()) {
-        showRowTitled(driver, text);
+        showRowTitled(driver.phone(), text);
         views = viewsShowing(driver.window(), text);
     }
     if (views.empty())
         throw CommandFailure("Nothing that is shown reads " + quoted(text) + ".");
-    // What is in sight comes before what has to be scrolled to.
-    std::stable_partition(
-        views.begin(), views.end(), [](UIView* view) { return isInSight(*view, middleInWindow(*view)); });
+    bringInSightFirst(views);
     for (auto* view : views) {
-        const bool scrolls = !isInSight(*view, middleInWindow(*view));
-        if (!scrolls && isCovered(driver.window(), *view, middleInWindow(*view)))
+        if (isOutOfReach(driver.window(), *view))
             continue;
-        if (const auto place = touchablePlace(driver, meantBy(*view)))
+        if (const auto place = touchablePlace(driver.phone(), meantBy(*view)))
             return *place;
     }
     throw CommandFailure("Something lies over " + quoted(text) + ", so it can't be touched.");
@@ -121,7 +74,7 @@ QJsonObject row(Driver& driver, Words words)
     auto* cell = page.specifierAtIndexPath(path) ? page.table().cellForRowAtIndexPath(path) : nullptr;
     if (!cell)
         throw CommandFailure("The page has no row " + words[1] + " in section " + words[0] + ".");
-    show(driver, *cell);
+    show(driver.phone(), *cell);
     const auto place = placeOrFail(driver, meantBy(*cell), "the row");
     driver.tap(place);
     return at(place);
@@ -131,6 +84,24 @@ QJsonObject press(Driver& driver, Words words)
 {
     const auto point = pointFromWords(words);
     driver.press(point);
+    return at(point);
+}
+
+QJsonObject again(Driver& driver, Words words)
+{
+    constexpr double anyTime = 1;
+    const auto point = pointFromWords(words);
+    // Wherever the touch before it was, and however long ago.
+    if (auto* field = dynamic_cast<UITextField*>(driver.window().hitTestWithEvent(point, nullptr)))
+        field->editor().rememberPress(field->convertPointFromView(point, nullptr).x, anyTime);
+    driver.press(point, anyTime);
+    return at(point);
+}
+
+QJsonObject wheel(Driver& driver, Words words)
+{
+    const auto point = pointFromWords(words);
+    driver.phone().scrollAt(point, pointsFromWord(words[2]));
     return at(point);
 }
 
@@ -182,10 +153,12 @@ constexpr DriverCommand commands[] = {
     { "tap", 1, 2, "one text, in quotation marks when it has blanks, or X and Y", tap },
     { "row", 2, 2, "SECTION and ROW", row },
     { "press", 2, 2, "X and Y", press },
+    { "again", 2, 2, "X and Y", again },
     { "move", 2, 2, "X and Y", move },
     { "release", 2, 2, "X and Y", release },
     { "drag", 4, 5, "X1, Y1, X2, Y2 and perhaps STEPS", drag },
     { "back", 0, 0, "", back },
+    { "wheel", 3, 3, "X, Y and DY", wheel },
 };
 
 }

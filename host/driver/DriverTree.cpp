@@ -1,3 +1,4 @@
+#include "DriverTree.h"
 #include "DriverCommands.h"
 
 #include "host/ViewFacts.h"
@@ -52,22 +53,26 @@ QJsonObject jsonFromFacts(const ViewFacts& facts)
     return node;
 }
 
-QJsonObject nodeOf(UIView& view)
+}
+
+QJsonObject treeOf(UIView& view)
 {
     auto node = jsonFromFacts(ViewFacts::of(view));
     QJsonArray children;
     for (const auto& child : view.subviews())
-        children.append(nodeOf(*child));
+        children.append(treeOf(*child));
     node["children"] = children;
     return node;
 }
+
+namespace {
 
 QJsonObject tree(Driver& driver, Words words)
 {
     auto* root = words.empty() ? &driver.window() : firstViewOfClass(driver.window(), words[0]);
     if (!root)
         throw CommandFailure("The window has no view of class " + quoted(words[0]) + ".");
-    return { { "tree", nodeOf(*root) } };
+    return { { "tree", treeOf(*root) } };
 }
 
 constexpr DriverCommand commands[] = {

@@ -80,6 +80,15 @@ CGFloat offsetToShow(CGFloat begin, CGFloat length, CGFloat offset, CGFloat view
     return begin + length > offset + viewport ? begin + length - viewport : offset;
 }
 
+/// Where the scroller has to go to show the view; nothing when it is there.
+std::optional<CGFloat> offsetToShow(const UIView& view, const UIScrollView& scroller)
+{
+    const auto rect = view.convertRectToView(view.bounds(), &scroller);
+    const auto offset = scroller.contentOffset().y;
+    const auto y = offsetToShow(rect.y, rect.height, offset, scroller.bounds().height);
+    return y == offset ? std::nullopt : std::optional(y);
+}
+
 }
 
 std::optional<std::string> shownText(UIView& view)
@@ -162,14 +171,20 @@ void scrollIntoSight(UIView& view)
 {
     for (UIView* around = view.superview(); around; around = around->superview()) {
         auto* scroller = dynamic_cast<UIScrollView*>(around);
-        if (!scroller)
-            continue;
-        const auto rect = view.convertRectToView(view.bounds(), scroller);
-        const auto offset = scroller->contentOffset();
-        const auto y = offsetToShow(rect.y, rect.height, offset.y, scroller->bounds().height);
-        if (y != offset.y)
-            scroller->setContentOffset({ offset.x, y });
+        const auto y = scroller ? offsetToShow(view, *scroller) : std::nullopt;
+        if (y)
+            scroller->setContentOffset({ scroller->contentOffset().x, *y });
     }
+}
+
+bool needsScrolling(const UIView& view)
+{
+    for (UIView* around = view.superview(); around; around = around->superview()) {
+        const auto* scroller = dynamic_cast<UIScrollView*>(around);
+        if (scroller && offsetToShow(view, *scroller))
+            return true;
+    }
+    return false;
 }
 
 bool isCovered(UIWindow& window, const UIView& view, CGPoint point)

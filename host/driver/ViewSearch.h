@@ -41,6 +41,8 @@ bool isInSight(const platform::UIView&, platform::CGPoint);
 /// Scrolls the scrollers around the view as little as it takes to show it; one that is too high for its
 /// scroller is shown around its middle.
 void scrollIntoSight(platform::UIView&);
+/// Whether that would scroll any of them.
+bool needsScrolling(const platform::UIView&);
 
 /// True when a touch at the point meets something that hides the view, or keeps touches from it, rather than
 /// the view, something in it, what it lies in, or a see-through control that lies over it to take its
