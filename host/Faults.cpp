@@ -124,6 +124,20 @@ Faults& Faults::current()
 
 void Faults::make(Fault fault)
 {
+    makeHappen(fault);
+    for (const auto& known : faultWords()) {
+        if (known.fault == fault && _listener)
+            _listener(known);
+    }
+}
+
+void Faults::setListener(std::function<void(const FaultWord&)> listener)
+{
+    _listener = std::move(listener);
+}
+
+void Faults::makeHappen(Fault fault)
+{
     switch (fault) {
     case Fault::Write:
         _nextWriteFails = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -31,15 +32,20 @@ public:
     /// halved; nothing has changed then.
     void make(Fault);
 
+    /// Is told of each that was made; empty for nobody.
+    void setListener(std::function<void(const FaultWord&)>);
+
     bool nextWriteFails() const { return _nextWriteFails; }
     bool isReadOnly() const { return _isReadOnly; }
 
 private:
     Faults() = default;
+    void makeHappen(Fault);
     void standBetween();
     void stepAside();
     struct Calls;
 
+    std::function<void(const FaultWord&)> _listener;
     bool _nextWriteFails = false;
     bool _isReadOnly = false;
     bool _standsBetween = false;

@@ -89,6 +89,12 @@ std::string takeKeepGoing(Options& options, const std::string&)
     return {};
 }
 
+std::string takeRecord(Options& options, const std::string& value)
+{
+    options.record = value;
+    return value.empty() ? "--record takes a file, not an empty word." : "";
+}
+
 std::string takeHelp(Options& options, const std::string&)
 {
     options.mode = Mode::Help;
@@ -118,6 +124,8 @@ constexpr OptionRule rules[] = {
     { "--defaults", "DOMAIN", OptionRule::WithRoot, takeDefaults,
         "the preference file to show, as its rows name it (the bundle's)" },
     { "--keep-going", "", OptionRule::InDrive, takeKeepGoing, "go on after a command that failed" },
+    { "--record", "FILE", OptionRule::InWindow, takeRecord,
+        "write what is done in the window as a script for drive" },
     { "--help", "", OptionRule::Everywhere, takeHelp, "print help, or all about the command before it" },
     { "--version", "", OptionRule::Everywhere, takeVersion, "print the version" },
 };

@@ -17,6 +17,7 @@ struct Options {
     /// With `root`, `locale` and `timeZone` filled in; `now` is known to be an instant of `Instant.h`.
     PhoneOptions phone;
     bool scaleIsGiven = false; ///< Otherwise a window takes its screen's.
+    std::string record; ///< Of a window: the script to write; empty for none.
     bool keepGoing = false; ///< Of `drive`: go on after a command that failed.
     std::string script = "-"; ///< Of `drive`: a file, or "-" for standard input.
     std::string bundleAsGiven; ///< Of `lint`: the bundle's folder, as findings name it.

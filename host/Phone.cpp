@@ -68,7 +68,12 @@ Phone::~Phone()
 
 void Phone::settle()
 {
+    // Layout may end the editing of a text, say, whose observer settles the phone.
+    if (_settling)
+        return;
+    _settling = true;
     const auto damage = _window->display();
+    _settling = false;
     if (_damageHandler && !damage.empty())
         _damageHandler(damage);
     if (_observer)
@@ -111,8 +116,6 @@ bool Phone::endEditing()
 void Phone::setScreen(CGSize size, int scale)
 {
     const InputSpan input(_observer);
-    if (_observer)
-        _observer->screenChanges(size, scale);
     auto& device = Device::current();
     if (device.screenSize == size && device.scale == scale)
         return;
@@ -126,7 +129,6 @@ void Phone::setScreen(CGSize size, int scale)
 
 void Phone::scrollAt(CGPoint point, CGFloat dy)
 {
-    const InputSpan input(_observer);
     for (auto* view = _window->hitTestWithEvent(point, nullptr); view; view = view->superview()) {
         if (auto* scroll = dynamic_cast<UIScrollView*>(view)) {
             scroll->setContentOffset({ scroll->contentOffset().x, scroll->contentOffset().y + dy });

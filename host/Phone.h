@@ -153,6 +153,7 @@ private:
     PhoneObserver* _observer = nullptr;
     std::vector<std::pair<int, std::function<void()>>> _listeners;
     int _nextListener = 1;
+    bool _settling = false;
 };
 
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Geometry.h"
 #include "platform/InputObserver.h"
 
 namespace host {
@@ -12,7 +11,6 @@ public:
     // Each between `inputBegins` and `inputEnds`, before it takes effect.
     virtual void goingBack() = 0;
     virtual void endingEditing() = 0;
-    virtual void screenChanges(platform::CGSize, int scale) = 0;
 
     /// Layout and painting are finished.
     virtual void phoneSettled() = 0;

@@ -3,6 +3,8 @@
 #include "MainWindow.h"
 #include "Pictures.h"
 #include "platform/qt/NotifyCenter.h"
+#include "record/Recorder.h"
+#include "record/ScriptText.h"
 #include "reload/Reloader.h"
 #include "WithoutDisplay.h"
 
@@ -51,9 +53,11 @@ int writePictures(Phone& phone)
 
 }
 
-int runWindow(int argc, char** argv, PhoneOptions options, Scale scale)
+int runWindow(int argc, char** argv, PhoneOptions options, Scale scale, const std::string& recording)
 {
     const auto onScreen = hasDisplay();
+    if (!onScreen && !recording.empty())
+        throw std::runtime_error("There is no display, so there is no window to record.");
     const auto application
         = onScreen ? std::make_unique<QApplication>(argc, argv) : applicationWithoutDisplay(options.root);
     QApplication::setApplicationDisplayName(QStringLiteral("Settings"));
@@ -61,18 +65,27 @@ int runWindow(int argc, char** argv, PhoneOptions options, Scale scale)
 
     if (onScreen && scale == Scale::OfTheScreen)
         options.scale = std::clamp(static_cast<int>(std::lround(application->devicePixelRatio())), 1, 3);
+    // Before anything is opened: it may be refused, and the root is as the replay will find it.
+    const auto record = recording.empty()
+        ? nullptr
+        : std::make_unique<RecordFile>(recording, recordingHeader(options, recording));
     Phone phone(options);
     Reloader reloader(phone);
     reloader.open();
     if (!onScreen)
         return writePictures(phone);
 
+    std::unique_ptr<Recorder> recorder;
     MainWindow window(phone);
+    if (record)
+        recorder = std::make_unique<Recorder>(phone, *record);
     window.setWindowTitle(QStringLiteral("Vekora"));
     reloader.watch(window);
     window.show();
     QTimer::singleShot(0, &window, noteMissingBus);
     const auto status = QApplication::exec();
+    if (recorder)
+        recorder->finish();
     flushNotifications();
     return status;
 }

@@ -36,8 +36,8 @@ int run(int argc, char** argv, const host::Options& options)
     auto phone = options.phone;
     if (options.mode == Mode::Gallery)
         phone.bundle = host::InstallationSources::ofThisBuild().gallery;
-    return host::runWindow(
-        argc, argv, phone, options.scaleIsGiven ? host::Scale::AsGiven : host::Scale::OfTheScreen);
+    return host::runWindow(argc, argv, phone,
+        options.scaleIsGiven ? host::Scale::AsGiven : host::Scale::OfTheScreen, options.record);
 }
 
 int fail(const char* sentence)

@@ -20,8 +20,10 @@ public:
     // Between the two:
     /// Is about to be delivered to its view.
     virtual void touchArrives(const UITouch&) = 0;
-    /// Return ends the editing, or answers the alert that is shown; Escape does the latter.
+    /// "Return" or "Escape" answers the alert that is shown.
     virtual void keyArrives(std::string_view name) = 0;
+    /// A key ends the editing of a text.
+    virtual void editingEnds() = 0;
     /// Text, caret or selection of the field that is being edited are about to change, and have changed.
     /// Nobody else has been told yet.
     virtual void textWillChange(UITextField&) = 0;

@@ -2,7 +2,6 @@
 
 #include "Digest.h"
 #include "Json.h"
-#include "ScriptParser.h"
 
 #include <cmath>
 #include <QImage>
@@ -13,8 +12,6 @@ namespace host {
 using namespace platform;
 
 namespace {
-
-constexpr long largestSide = 4096; // As of `--size`.
 
 QJsonObject pixel(Driver& driver, Words words)
 {
@@ -45,19 +42,6 @@ QJsonObject shot(Driver& driver, Words words)
     };
 }
 
-QJsonObject resize(Driver& driver, Words words)
-{
-    long sides[2] = {};
-    for (std::size_t i = 0; i < 2; ++i) {
-        if (!readCount(words[i], sides[i]) || sides[i] < 1 || sides[i] > largestSide)
-            throw CommandFailure("resize takes whole points from 1 to " + std::to_string(largestSide)
-                + ", not " + quoted(words[i]) + ".");
-    }
-    driver.phone().setScreen({ static_cast<CGFloat>(sides[0]), static_cast<CGFloat>(sides[1]) },
-        static_cast<int>(driver.window().scale()));
-    return { { "size", QJsonArray { static_cast<qint64>(sides[0]), static_cast<qint64>(sides[1]) } } };
-}
-
 QJsonObject digest(Driver& driver, Words)
 {
     const auto digest = digestOf(driver.window());
@@ -71,7 +55,6 @@ QJsonObject digest(Driver& driver, Words)
 constexpr DriverCommand commands[] = {
     { "digest", 0, 0, "", digest },
     { "pixel", 2, 2, "X and Y", pixel },
-    { "resize", 2, 2, "WIDTH and HEIGHT", resize },
     { "shot", 1, 1, "one FILE", shot },
 };
 

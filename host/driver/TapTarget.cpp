@@ -20,12 +20,6 @@ PSTableCell* rowToShow(UIView& view)
     return table && cell->bounds().height <= table->bounds().height ? cell : nullptr;
 }
 
-bool isShownAlready(UIView& view)
-{
-    auto* row = rowToShow(view);
-    return (!row || !needsScrolling(*row)) && !needsScrolling(view);
-}
-
 std::optional<CGPoint> placeInReach(UIWindow& window, const UIView& view)
 {
     const auto middle = middleInWindow(view);
@@ -50,6 +44,12 @@ void show(Phone& phone, UIView& view)
         scrollIntoSight(*row);
     scrollIntoSight(view);
     phone.settle();
+}
+
+bool isShownAlready(UIView& view)
+{
+    auto* row = rowToShow(view);
+    return (!row || !needsScrolling(*row)) && !needsScrolling(view);
 }
 
 void showRowTitled(Phone& phone, const std::string& title)

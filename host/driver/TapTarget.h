@@ -18,6 +18,8 @@ platform::UIView& meantBy(platform::UIView&);
 
 /// Brings the view into sight with the row that it lies in, as far as the row fits.
 void show(Phone&, platform::UIView&);
+/// Whether that would scroll nothing.
+bool isShownAlready(platform::UIView&);
 /// A long page has no cells, and so no texts, far from what is in sight.
 void showRowTitled(Phone&, const std::string& title);
 

@@ -152,7 +152,7 @@ bool UITextField::Editor::returnKey()
         return false;
     const InputSpan input(field.window() ? field.window()->inputObserver() : nullptr);
     if (input)
-        input->keyArrives("Return");
+        input->editingEnds();
     field.resignFirstResponder();
     return true;
 }

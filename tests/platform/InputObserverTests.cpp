@@ -21,6 +21,7 @@ public:
         told += names[static_cast<int>(touch.phase())];
     }
     void keyArrives(std::string_view name) override { told += std::string(name) + " "; }
+    void editingEnds() override { told += "end "; }
     void textWillChange(UITextField& field) override { told += field.text() + "->"; }
     void textChanged(UITextField& field) override { told += field.text() + " "; }
 
@@ -80,7 +81,7 @@ TEST_F(InputObserverTest, TellsOfTheKeyThatEndsTheEditing)
     field->becomeFirstResponder();
     listener.told.clear();
     press(Qt::Key_Return);
-    EXPECT_EQ(listener.told, "(Return editingEnded )");
+    EXPECT_EQ(listener.told, "(end editingEnded )");
 }
 
 TEST_F(InputObserverTest, TellsOfTheKeyThatAnswersAnAlert)
