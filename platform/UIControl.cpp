@@ -54,6 +54,14 @@ void UIControl::addTargetActionForControlEvents(NSObject* target, std::string_vi
     registrations.push_back({ WeakObject(target), std::string(action), events });
 }
 
+std::vector<std::string> UIControl::allActions() const
+{
+    std::vector<std::string> actions;
+    for (const auto& registration : ControlImpl::of(*this).registrations)
+        actions.push_back(registration.action);
+    return actions;
+}
+
 void UIControl::sendActionsForControlEvents(unsigned events, UIEvent* event)
 {
     // An action may take away the control, its targets or its registrations.

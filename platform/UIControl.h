@@ -2,7 +2,9 @@
 
 #include "UIView.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -37,6 +39,8 @@ public:
     /// The target is sent the selector with the control and the event; it is not kept alive, and one that has
     /// gone is passed over. The same registration made twice counts once.
     void addTargetActionForControlEvents(NSObject* target, std::string_view action, unsigned events);
+    /// The selectors that are registered, for any event: for a host that wants to know what a touch may lead to.
+    std::vector<std::string> allActions() const;
     void sendActionsForControlEvents(unsigned events, UIEvent* = nullptr);
     /// The events that somebody is told of.
     unsigned allControlEvents() const;

@@ -31,6 +31,15 @@ bool isEnabled(const Actor& actor)
     return !control || control->isEnabled();
 }
 
+/// An action with two arguments is handed the event, and may look where the finger is.
+bool mayLookAtTheTouch(const UIView* view)
+{
+    const auto* control = dynamic_cast<const UIControl*>(view);
+    const auto actions = control ? control->allActions() : std::vector<std::string> {};
+    return std::any_of(actions.begin(), actions.end(),
+        [](const auto& action) { return std::count(action.begin(), action.end(), ':') > 1; });
+}
+
 /// With the reach that a control has once it is touched.
 bool isInReach(const UIView& view, CGPoint inWindow)
 {
@@ -47,7 +56,7 @@ Gesture::Gesture(Phone& phone, const UITouch& touch)
 {
     _actor = Actor::at(phone.window(), _start);
     _keptAlive = keep(_actor.view);
-    _name = nameOf(phone, _actor);
+    _name = mayLookAtTheTouch(_actor.view) ? std::string() : nameOf(phone, _actor);
     _panned = keep(pannedBy(touch.view()));
     _glided = _panned && _panned->isDecelerating();
     _switchWasOn = isOn(_actor);
@@ -92,8 +101,6 @@ void Gesture::sets(const JournalEntry& entry)
     if (entry.kind != JournalEntry::Kind::Action)
         return;
     _movesAct = _movesAct || _phase == UITouchPhase::Moved;
-    // An action with two arguments is handed the event, and may look where the finger is.
-    _placeMatters = _placeMatters || std::count(entry.name.begin(), entry.name.end(), ':') > 1;
 }
 
 bool Gesture::straysNowhere() const
@@ -106,7 +113,7 @@ bool Gesture::straysNowhere() const
 /// Whether a tap on the actor, wherever it is tapped, does what was done.
 bool Gesture::isTap() const
 {
-    if (_movesAct || _placeMatters)
+    if (_movesAct)
         return false;
     switch (_actor.kind) {
     case Actor::Kind::None:
@@ -151,8 +158,6 @@ std::string Gesture::summary() const
 {
     if (_scrolling)
         return {};
-    if (_interrupted)
-        return _steps;
     // A finger that stops gliding content, or strays without scrolling, means nothing else by it.
     if (_panned && (_glided || !straysNowhere()))
         return {};

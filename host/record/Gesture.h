@@ -25,7 +25,8 @@ public:
     /// While a step is being delivered.
     void sets(const platform::JournalEntry&);
     /// Something else was written among the steps, so they cannot be summed up.
-    void isInterrupted() { _interrupted = true; }
+    void interrupt() { _interrupted = true; }
+    bool wasInterrupted() const { return _interrupted; }
 
     bool isOver() const { return _over; }
     /// It only scrolls: where to is said instead of the steps.
@@ -33,7 +34,8 @@ public:
     /// The scroller that takes it; null when something else may.
     const std::shared_ptr<platform::UIScrollView>& panned() const { return _panned; }
 
-    /// The line of the step that came last.
+    /// As lines: every step so far, and the last alone.
+    const std::string& steps() const { return _steps; }
     const std::string& lastStep() const { return _lastStep; }
     /// What the whole of it comes to, once it is over: lines, or nothing for what had no effect.
     std::string summary() const;
@@ -62,7 +64,6 @@ private:
     platform::UITouchPhase _phase = platform::UITouchPhase::Began;
     bool _endedInside = true;
     bool _movesAct = false;
-    bool _placeMatters = false; ///< A target was handed the touch itself.
     bool _interrupted = false;
     bool _scrolling = false;
     bool _over = false;

@@ -94,7 +94,7 @@ void Recorder::inputEnds()
     if (!_gesture || !_gesture->isOver())
         return;
     const auto gesture = std::move(_gesture);
-    if (!gesture->isScrolling())
+    if (!gesture->isScrolling() && !gesture->wasInterrupted())
         _file.replaceFrom(_gestureBegin, gesture->summary());
 }
 
@@ -180,23 +180,17 @@ void Recorder::writeEnvironment()
 void Recorder::write(std::string_view line)
 {
     if (_gesture)
-        _gesture->isInterrupted();
+        _gesture->interrupt();
     _file.append(line);
 }
 
 void Recorder::writeText(const TextCommand& command, UITextField& field)
 {
     // A touch had an input method hand over its text: that comes first.
-    if (_gesture && _depth > 1) {
-        if (_gestureBegin + _gesture->lastStep().size() == _file.size()) {
-            _file.replaceFrom(_gestureBegin, command.line);
-            _gestureBegin = _file.size();
-            _file.append(_gesture->lastStep());
-        } else {
-            _file.replaceFrom(_file.size() - _gesture->lastStep().size(), command.line);
-            write(_gesture->lastStep());
-        }
-        return;
+    if (_gesture && _depth > 1 && !_gesture->isScrolling() && !_gesture->wasInterrupted()) {
+        _file.replaceFrom(_gestureBegin, command.line);
+        _gestureBegin = _file.size();
+        return _file.append(_gesture->steps());
     }
     const bool goesOn = isLast(_typing) && !command.typed.empty() && !_gesture
         && _typedInto.lock().get() == &field && _typedAt == rectInWindow(field)
@@ -227,7 +221,7 @@ void Recorder::writeScroll(const ScrollWatch::Change& change)
         _scroller = change.scroller;
         _scrolledFrom = change.from;
         if (_gesture && !_gesture->isScrolling())
-            _gesture->isInterrupted();
+            _gesture->interrupt();
     }
     const auto line = change.to.y == _scrolledFrom.y
         ? std::string()
