@@ -1,6 +1,7 @@
 #include "ScriptText.h"
 
 #include "host/driver/ScriptParser.h"
+#include "host/PhoneValues.h"
 
 #include <algorithm>
 #include <charconv>
@@ -77,6 +78,10 @@ std::string recordingHeader(const PhoneOptions& options, const std::string& file
         line += " --statusbar";
     if (!options.bundle.empty())
         line += " --bundle " + shellWord(options.bundle);
+    if (!options.defaults.empty())
+        line += " --defaults " + shellWord(options.defaults);
+    if (options.direction != TextDirection::OfTheLocale)
+        line += " --direction " + std::string(wordFor(options.direction));
     const auto preferences = std::filesystem::path(options.root) / "private/var/mobile/Library/Preferences";
     std::string text = "# Recorded in the window. This replays it:\n" + line + ' ' + shellWord(file) + '\n';
     text += holdsFiles(preferences)
