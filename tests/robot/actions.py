@@ -1,0 +1,287 @@
+"""What the robot does: each action is a handful of events, chosen and placed by chance."""
+
+import os
+import shutil
+
+WORDS = ["Vekora", "Hi there", "", "7", "255", "0", "360", "100", "-1", "1e9", "#00FF80", "00ff80", "0x12", "zzz",
+         "a" * 70, "Wecker aus", "x y"]
+PASTES = ["#123456", "Grüße", "שלום", "مرحبا", "日本語", "👍🏽", "two\nlines", "\ttab", "",
+          "9" * 300, "\u202eback", "e\u0301"]
+SINGLE_KEYS = ["Return", "Escape", "BackSpace", "Tab", "Left", "Right", "Up", "Down", "Home", "End", "Delete", "space",
+               "Page_Up", "Page_Down", "F2", "a", "5", "KP_Enter"]
+CHORDS = [("a", "Control_L"), ("c", "Control_L"), ("x", "Control_L"), ("v", "Control_L"), ("z", "Control_L"),
+          ("Tab", "Shift_L"), ("Left", "Shift_L"), ("Right", "Control_L"), ("End", "Shift_L"), ("F12",),
+          ("i", "Control_L"), ("r", "Control_L")]
+SIZES = ["320x480", "320x568", "375x667", "414x736", "500x400", "huge", "0x0", "375"]
+LOCALES = ["en_US", "de_DE", "ar_EG", "he_IL", "ja_JP", "tr_TR", "fa_IR", "hi_IN", "xx_XX", "", "zh-Hant-TW"]
+ZONES = ["UTC", "Europe/Berlin", "Asia/Kolkata", "America/St_Johns", "Atlantis"]
+INSTANTS = ["real", "2014-01-05T10:17:42.6", "2014-03-30T02:30", "9999-12-31T23:59:59Z", "0001-01-01", "soon"]
+SECONDS = ["60", "-3600", "0.5", "1e9", "1e99", "x"]
+FAULTS = ["write", "vanish", "readonly", "half-written", "off"]
+
+# The controls of the page Environment in the order in which Tab goes through them.
+CONTROLS = ["size", "scale", "locale", "direction", "timezone", "now", "stand", "run", "seconds", "move", "toggle",
+            "statusbar", "anew"] + FAULTS
+FIRST_CONTROL = 250, 77  # In the inspector, in pixels, while the page is scrolled to its top.
+SPLITTER = 5
+STATUS_LINE = 30
+
+
+class Actions:
+    def __init__(self, hand, looks, chance, folders):
+        self.hand = hand
+        self.looks = looks
+        self.chance = chance
+        self.folders = folders
+        self.tab = 40
+        self.broken = False
+        self.faulty = False
+
+    # The phone.
+
+    def anywhere(self):
+        """Mostly on the phone, which is at the left and at least so large."""
+        width, height = self.hand.size()
+        if self.chance.random() < 0.8:
+            width = min(width, 375)
+        return self.chance.randrange(width), self.chance.randrange(max(1, height - STATUS_LINE))
+
+    def tap(self):
+        self.hand.click(*self.anywhere(), times=self.chance.choice([1, 1, 1, 1, 2, 3]))
+
+    def other_button(self):
+        self.hand.click(*self.anywhere(), button=self.chance.choice([2, 3]))
+        self.hand.key("Escape")
+
+    def drag(self):
+        points = [self.anywhere()]
+        for _ in range(self.chance.randrange(1, 12)):
+            points.append(self.anywhere() if self.chance.random() < 0.5 else
+                          tuple(part + self.chance.randrange(-15, 16) for part in points[-1]))
+        self.hand.drag(points)
+
+    def wheel(self):
+        self.hand.wheel(*self.anywhere(), self.chance.choice([-9, -3, -1, 1, 2, 5, 12]))
+
+    def key(self):
+        self.hand.key(self.chance.choice(SINGLE_KEYS))
+
+    def chord(self):
+        self.hand.key(*self.chance.choice(CHORDS))
+
+    def type(self):
+        self.hand.type(self.chance.choice(WORDS))
+        if self.chance.random() < 0.5:
+            self.hand.key("Return")
+
+    def paste(self):
+        self.hand.paste(self.chance.choice(PASTES))
+
+    def edit_text(self):
+        """The last row of the main page, when that is shown."""
+        width, _ = self.hand.size()
+        self.hand.key("Escape")
+        self.hand.wheel(100, 200, 12)
+        self.hand.click(min(width - 20, 300), 535)
+        self.hand.key("a", "Control_L")
+        self.chance.choice([self.type, self.paste])()
+        self.hand.key("Return")
+
+    def go_back(self):
+        if self.chance.random() < 0.5:
+            self.hand.key("Escape")
+        else:
+            self.hand.click(30, 40)
+
+    def open_color_page(self):
+        self.hand.key("Escape")
+        self.hand.wheel(100, 200, -12)
+        self.hand.click(100, 490)
+
+    def edit_color(self):
+        self.open_color_page()
+        for _ in range(self.chance.randrange(1, 4)):
+            x, y = self.chance.randrange(20, 350), self.chance.randrange(100, 600)
+            self.hand.drag([(x, y)] + [(x + self.chance.randrange(-80, 81), y + self.chance.randrange(-80, 81))
+                                       for _ in range(self.chance.randrange(1, 6))])
+
+    def be_usual(self):
+        """Where most of the pane is within reach."""
+        self.enter("size", "375x667")
+        for _ in range(2):
+            self.step("scale", "Up")
+        self.show_inspector(False)
+        self.resize_back()
+
+    # The window.
+
+    def resize(self):
+        self.hand.resize(self.chance.randrange(300, 1200), self.chance.randrange(300, 1100))
+
+    def resize_back(self):
+        self.hand.resize(375 + (SPLITTER + 560 if self.inspector_is_open() else 0), 667 + STATUS_LINE)
+
+    # The inspector, as it remembers itself.
+
+    def memory(self):
+        entries = {"shown": "false", "page": ""}
+        try:
+            with open(self.folders.inspector, encoding="utf-8") as file:
+                entries.update(line.strip().split("=", 1) for line in file if "=" in line)
+        except FileNotFoundError:
+            pass
+        return entries
+
+    def inspector_is_open(self):
+        return self.memory()["shown"] == "true"
+
+    def show_inspector(self, shown):
+        """Answers whether it is as wished; something may be in the way."""
+        for _ in range(3):
+            if self.inspector_is_open() == shown:
+                return True
+            self.put_in_order()
+            self.hand.key("i", "Control_L")
+        return self.inspector_is_open() == shown
+
+    def put_in_order(self):
+        """Nothing modal in the way, and the keys are the window's."""
+        hand = self.hand
+        for _ in range(20):
+            if not hand.dialogs() and not hand.popups():
+                break
+            hand.key("Escape")
+        if hand.dialogs():
+            raise hand.failure("A dialog does not close.")
+        if not hand.has_focus():
+            hand.focus()
+            hand.sync()
+
+    def look_around_in_inspector(self):
+        if not self.show_inspector(True):
+            return
+        width, height = self.hand.size()
+        left = min(width - 1, max(0, width - 600))
+        for _ in range(self.chance.randrange(1, 8)):
+            at = self.chance.randrange(left, width), self.chance.randrange(height)
+            self.chance.choice([
+                lambda: self.hand.click(*at), lambda: self.hand.click(*at, times=2),
+                lambda: self.hand.wheel(*at, self.chance.choice([-3, 3])), self.key, self.type
+            ])()
+            # A dialog is left at once, so that nothing in it is ever used.
+            self.put_in_order()
+
+    def open_page(self, name):
+        """Where the inspector begins, with that page in it; nothing when it can't be had."""
+        for _ in range(12):
+            if not self.show_inspector(False):
+                return None
+            left = self.hand.size()[0] + SPLITTER
+            page = self.memory()["page"]
+            if not self.show_inspector(True):
+                return None
+            if page == name:
+                return left
+            self.hand.click(left + self.tab, 14)
+            if self.memory()["page"] != name:
+                self.tab = 40 if self.tab > 420 else self.tab + 40
+        return None
+
+    def reach(self, name):
+        """The keys go to that control of the page Environment; false when it can't be had."""
+        left = self.open_page("environment")
+        if left is None:
+            return False
+        self.hand.wheel(left + 6, 77, -30)
+        self.hand.click(left + FIRST_CONTROL[0], FIRST_CONTROL[1])
+        for _ in range(CONTROLS.index(name)):
+            self.hand.key("Tab")
+        return True
+
+    def enter(self, name, text):
+        if not self.reach(name):
+            return False
+        self.hand.key("a", "Control_L")
+        self.hand.key("BackSpace")
+        self.hand.type(text)
+        self.hand.key("Return")
+        return True
+
+    def push(self, name):
+        if not self.reach(name):
+            return False
+        self.hand.key("space")
+        return True
+
+    def step(self, name, key):
+        if not self.reach(name):
+            return False
+        self.hand.key(key)
+        return True
+
+    def environment(self):
+        chance = self.chance
+        chance.choice([
+            lambda: self.enter("size", chance.choice(SIZES)),
+            lambda: self.step("scale", chance.choice(["Up", "Down"])),
+            lambda: self.enter("locale", chance.choice(LOCALES)),
+            lambda: self.enter("locale", chance.choice(LOCALES)),
+            lambda: self.step("direction", chance.choice(["Up", "Down"])),
+            lambda: self.enter("timezone", chance.choice(ZONES)),
+            lambda: self.enter("now", chance.choice(INSTANTS)),
+            lambda: self.enter("seconds", chance.choice(SECONDS)),
+            lambda: self.push(chance.choice(["stand", "run", "move", "toggle", "statusbar", "anew"])),
+        ])()
+
+    def fault(self):
+        name = self.chance.choice(FAULTS)
+        if self.push(name):
+            self.faulty = name != "off"
+        self.show_inspector(self.chance.random() < 0.3)
+
+    def mend_faults(self):
+        if self.faulty and self.push("off"):
+            self.faulty = False
+            self.show_inspector(False)
+
+    # The bundle, as builds leave it.
+
+    def swap_bundle(self):
+        good, target = self.folders.good, self.folders.bundle
+        kind = self.chance.choice(["good", "good", "half module", "no module", "half list", "no folder"])
+        module, info = os.path.join(target, "Vekora"), os.path.join(target, "Info.plist")
+        self.hand.events += 1
+        shutil.rmtree(target, ignore_errors=True)
+        self.broken = kind != "good"
+        if kind == "no folder":
+            return
+        shutil.copytree(good, target)
+        if kind == "good":
+            with open(module, "ab") as file:  # Another build, to whoever looks.
+                file.write(bytes(self.chance.randrange(256) for _ in range(8)))
+        elif kind == "half module":
+            os.truncate(module, os.path.getsize(module) // 2)
+        elif kind == "no module":
+            os.remove(module)
+        elif kind == "half list":
+            os.truncate(info, os.path.getsize(info) // 2)
+        self.hand.sync()
+
+    def mend_bundle(self):
+        if self.broken:
+            shutil.rmtree(self.folders.bundle, ignore_errors=True)
+            shutil.copytree(self.folders.good, self.folders.bundle)
+            self.broken = False
+
+    # How often each is done, and whether it may lose the file or halve it.
+
+    def table(self):
+        return [
+            (40, self.tap, False), (16, self.drag, False), (6, self.wheel, False), (8, self.key, False),
+            (4, self.chord, False), (5, self.type, False), (4, self.paste, False), (3, self.edit_text, False),
+            (6, self.go_back, False), (6, self.open_color_page, False), (2, self.other_button, False),
+            (2, self.resize, False), (3, self.resize_back, False), (2, self.look_around_in_inspector, True),
+            (3, self.environment, True), (2, self.fault, True), (4, self.mend_faults, True),
+            (1, self.swap_bundle, False), (6, self.mend_bundle, False), (20, self.edit_color, False),
+            (1, self.be_usual, True),
+        ]

@@ -1,0 +1,202 @@
+#!/usr/bin/env python3
+"""Uses the real window through X events, by chance but reproducibly, for a number of events. The program must stay
+alive and answer, say nothing on standard error, keep the preference file whole but for faults that were asked for, and
+end with status 0. Usage:
+robot.py PROGRAM BUNDLE EVENTS [SEED]; ROBOT_SEED in the environment counts before SEED"""
+
+import collections
+import os
+import random
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+from actions import Actions
+from looks import PreferenceLooks
+from screen import Failure, Hand, private_folders, start_screen
+
+FILE = "private/var/mobile/Library/Preferences/net.morvane.vekora.plist"
+# What is said of a bundle that can't be opened, which the robot sees to from time to time.
+OF_BUNDLES = re.compile(r"^(There is no (such file|folder|Info\.plist)|.*Vekora\.bundle)")
+
+Folders = collections.namedtuple("Folders", "good bundle inspector")
+
+
+class Robot:
+    def __init__(self, program, bundle, events, seed, scratch, address):
+        self.events = events
+        self.seed = seed
+        self.scratch = scratch
+        self.chance = random.Random(seed)
+        self.done = collections.deque(maxlen=12)
+        self.counts = collections.Counter()
+        self.environment = private_folders(scratch)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
+        self.provide_opener()
+        good = os.path.join(scratch, "good", "Vekora.bundle")
+        shutil.copytree(bundle, good)
+        self.folders = Folders(good, os.path.join(scratch, "build", "Vekora.bundle"),
+                               os.path.join(self.environment["XDG_CONFIG_HOME"], "vekora", "inspector.ini"))
+        shutil.copytree(good, self.folders.bundle)
+        root = os.path.join(scratch, "root")
+        self.looks = PreferenceLooks(os.path.join(root, FILE))
+        self.command = [program, "--root", root, "--bundle", self.folders.bundle, "--locale", "en_US",
+                        "--timezone", "UTC", "--scale", "1"]
+        self.errors_path = os.path.join(scratch, "errors")
+        self.process = None
+
+    def provide_opener(self):
+        """For whoever opens a file in the user's program: there is one, and it does nothing."""
+        opener = os.path.join(self.environment["PATH"], "xdg-open")
+        with open(opener, "w", encoding="utf-8") as file:
+            file.write("#!/bin/sh\nexit 0\n")
+        os.chmod(opener, 0o755)
+
+    def run(self, screen):
+        self.environment["DISPLAY"] = screen
+        with open(self.errors_path, "wb") as errors:
+            self.process = subprocess.Popen(self.command, env=self.environment, cwd=self.scratch, stderr=errors,
+                                            stdout=errors)
+        try:
+            self.hand = Hand(screen, self.looks.look, self.process)
+            self.hand.failure = Failure
+            self.hand.wait_for_window("Vekora")
+            self.actions = Actions(self.hand, self.looks, self.chance, self.folders)
+            self.check_that_it_reaches_everything()
+            self.use_by_chance()
+            self.quit()
+            self.check_errors()
+        except Failure:
+            self.process.poll()
+            self.check_errors()  # What it said itself says more.
+            raise
+        finally:
+            if self.process.poll() is None:
+                self.process.kill()
+                self.process.wait()
+
+    # Before chance takes over: whether the controls are where the robot expects them.
+
+    def until(self, claim, sentence):
+        end = time.monotonic() + 60
+        while not claim():
+            self.hand.sync()
+            if time.monotonic() > end:
+                raise Failure(sentence)
+
+    def check_that_it_reaches_everything(self):
+        actions, hand, looks = self.actions, self.hand, self.looks
+        self.until(lambda: looks.entries, "The preference file was never seeded.")
+        actions.enter("size", "414x736")
+        self.until(lambda: hand.size()[1] > 736, "The window does not follow the phone's size.")
+        actions.enter("size", "375x667")
+        self.until(lambda: hand.size()[1] < 736, "The window does not follow the phone's size back.")
+        before = hand.picture(0, 0, 375, 667)
+        actions.enter("locale", "ar_EG")
+        self.until(lambda: hand.picture(0, 0, 375, 667) != before, "Another locale is not to be seen.")
+        actions.step("direction", "Down")
+        actions.step("direction", "Up")
+        actions.enter("locale", "en_US")
+        self.until(lambda: hand.picture(0, 0, 375, 667) == before, "The first locale does not look as it did.")
+        actions.step("scale", "Down")
+        self.until(lambda: hand.size()[1] > 2 * 667, "The window does not follow the scale.")
+        actions.step("scale", "Up")
+        self.until(lambda: hand.size()[1] < 2 * 667, "The window does not follow the scale back.")
+        self.check_faults()
+
+    def check_faults(self):
+        actions, hand, looks = self.actions, self.hand, self.looks
+        whole = looks.content
+        looks.may_be_halved = True
+        actions.push("half-written")
+        self.until(lambda: looks.content == whole[:len(whole) // 2], "The file was not halved.")
+        looks.may_vanish = True
+        actions.push("vanish")
+        self.until(lambda: looks.content is None, "The file did not vanish.")
+        actions.push("readonly")
+        actions.show_inspector(False)
+        hand.click(334, 121)
+        if looks.content is not None:
+            raise Failure("A read-only folder was written.")
+        actions.push("off")
+        actions.show_inspector(False)
+        hand.click(334, 121)
+        self.until(lambda: looks.entries, "The file was not written when it could be again.")
+
+    # By chance.
+
+    def use_by_chance(self):
+        table = self.actions.table()
+        weights = [weight for weight, _, _ in table]
+        begin = self.hand.events
+        start = time.monotonic()
+        memory = []
+        while self.hand.events - begin < self.events:
+            if len(memory) * self.events <= 10 * (self.hand.events - begin):
+                memory.append(self.memory())
+            _, action, may_lose = self.chance.choices(table, weights)[0]
+            self.done.append(action.__name__)
+            self.counts[action.__name__] += 1
+            if may_lose or self.actions.inspector_is_open():
+                self.looks.may_vanish = self.looks.may_be_halved = True
+            else:
+                self.looks.expect_no_fault()
+            action()
+            self.actions.put_in_order()
+        seconds = time.monotonic() - start
+        rate = (self.hand.events - begin) / max(seconds, 1e-9)
+        looks = self.looks
+        print(f"{self.hand.events - begin} events, {rate:.0f} a second; {looks.count} looks at the file, "
+              f"{looks.versions} versions, {looks.missing} times gone, {looks.halved} times half", flush=True)
+        memory.append(self.memory())
+        print("Resident memory in MiB: " + " ".join(f"{kib / 1024:.0f}" for kib in memory), flush=True)
+        print(", ".join(f"{name} {count}" for name, count in sorted(self.counts.items())), flush=True)
+
+    def memory(self):
+        with open(f"/proc/{self.process.pid}/status", encoding="utf-8") as file:
+            return int(re.search(r"VmRSS:\s+(\d+)", file.read()).group(1))
+
+    def quit(self):
+        self.actions.put_in_order()
+        self.hand.key_without_answer("q", "Control_L")
+        try:
+            status = self.process.wait(timeout=300)
+        except subprocess.TimeoutExpired:
+            raise Failure("The window does not close by Ctrl+Q.") from None
+        if status != 0:
+            raise Failure(f"The program ended with {status}.")
+
+    def check_errors(self):
+        with open(self.errors_path, encoding="utf-8", errors="replace") as file:
+            lines = [line for line in file.read().splitlines() if not OF_BUNDLES.match(line)]
+        if lines:
+            raise Failure("The program said:\n" + "\n".join(lines[:200]))
+
+
+def main():
+    program, bundle, events = sys.argv[1], sys.argv[2], int(sys.argv[3])
+    given = os.environ.get("ROBOT_SEED") or (sys.argv[4] if len(sys.argv) > 4 else "")
+    seed = int(given) if given else random.SystemRandom().randrange(10**6)
+    print(f"Seed {seed}", flush=True)
+    with tempfile.TemporaryDirectory() as scratch:
+        server, screen = start_screen(2200, 2300)
+        bus = subprocess.Popen(["dbus-daemon", "--session", "--print-address=1", "--nofork", "--nopidfile"],
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        robot = None
+        try:
+            robot = Robot(os.path.abspath(program), os.path.abspath(bundle), events, seed, scratch,
+                          bus.stdout.readline().strip())
+            robot.run(screen)
+        except Failure as failure:
+            done = " ".join(robot.done) if robot else ""
+            sys.exit(f"{failure}\nSeed {seed}, after {robot.hand.events if robot else 0} events; last: {done}")
+        finally:
+            for process in (server, bus):
+                process.terminate()
+                process.wait()
+
+
+main()
