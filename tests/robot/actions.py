@@ -105,6 +105,26 @@ class Actions:
             self.hand.drag([(x, y)] + [(x + self.chance.randrange(-80, 81), y + self.chance.randrange(-80, 81))
                                        for _ in range(self.chance.randrange(1, 6))])
 
+    def edit_value(self):
+        """The hex value's dialog, or that of one of the numbers below it."""
+        self.open_color_page()
+        self.hand.click(self.chance.choice([60, 187, 187, 310]), self.chance.choice([119, 119, 150, 560, 590, 620]))
+        self.hand.key("a", "Control_L")
+        self.chance.choice([self.type, self.paste])()
+        self.hand.key(self.chance.choice(["Return", "Return", "Escape", "Tab"]))
+
+    def interrupt_drag(self):
+        """Something happens while the finger is down."""
+        points = [self.anywhere() for _ in range(4)]
+        self.hand.move(*points[0])
+        self.hand.press()
+        self.hand.move(*points[1])
+        self.chance.choice([self.resize, self.swap_bundle, self.mend_bundle, self.key, self.chord, self.paste,
+                            lambda: self.hand.wheel(*points[2], 3)])()
+        self.hand.move(*points[3])
+        self.hand.release()
+        self.hand.sync()
+
     def be_usual(self):
         """Where most of the pane is within reach."""
         self.enter("size", "375x667")
@@ -283,5 +303,6 @@ class Actions:
             (2, self.resize, False), (3, self.resize_back, False), (2, self.look_around_in_inspector, True),
             (3, self.environment, True), (2, self.fault, True), (4, self.mend_faults, True),
             (1, self.swap_bundle, False), (6, self.mend_bundle, False), (20, self.edit_color, False),
+            (8, self.edit_value, False), (6, self.interrupt_drag, False),
             (1, self.be_usual, True),
         ]
