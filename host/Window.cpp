@@ -1,5 +1,7 @@
 #include "Window.h"
 
+#include "crash/CrashHandler.h"
+#include "crash/CrashNote.h"
 #include "MainWindow.h"
 #include "Pictures.h"
 #include "platform/qt/NotifyCenter.h"
@@ -16,6 +18,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <stdexcept>
 
 namespace host {
 
@@ -23,6 +26,7 @@ using namespace platform;
 
 namespace {
 
+constexpr int cannotBegin = 2;
 constexpr const char* pictureFolder = "pictures"; // Below the folder that the program is started in.
 
 bool hasDisplay()
@@ -41,23 +45,43 @@ void noteMissingBus()
             "There is no session bus: notifications are shown here, but nobody else hears them.\n", stderr);
 }
 
-int writePictures(Phone& phone)
+int fail(const std::exception& exception)
 {
+    std::fprintf(stderr, "%s\n", exception.what());
+    return cannotBegin;
+}
+
+/// Before anything is opened: it may be refused, and the root is as the replay will find it. Null for none.
+std::unique_ptr<RecordFile> makeRecord(
+    bool onScreen, const std::string& recording, const PhoneOptions& options)
+{
+    if (recording.empty())
+        return nullptr;
+    if (!onScreen)
+        throw std::runtime_error("There is no display, so there is no window to record.");
+    return std::make_unique<RecordFile>(recording, recordingHeader(options, recording));
+}
+
+int writePictures(Phone& phone)
+try {
     const auto folder = std::filesystem::current_path() / pictureFolder;
     const auto files = writePicturesOfEveryPage(phone, folder);
     std::printf("There is no display. A picture of every page is in %s:\n", folder.c_str());
     for (const auto& file : files)
         std::printf("  %s\n", file.filename().c_str());
     return 0;
+} catch (const std::runtime_error& error) {
+    return fail(error);
 }
 
 }
 
-int runWindow(int argc, char** argv, PhoneOptions options, Scale scale, const std::string& recording)
+int runWindow(int argc, char** argv, PhoneOptions options, Scale scale, const std::string& recording,
+    const std::optional<CrashReport>& crash)
 {
     const auto onScreen = hasDisplay();
-    if (!onScreen && !recording.empty())
-        throw std::runtime_error("There is no display, so there is no window to record.");
+    // A crash right after a crash would be one without end.
+    handleCrashes(argv, onScreen && !crash ? AfterCrash::StartAgain : AfterCrash::SayAndEnd);
     const auto application
         = onScreen ? std::make_unique<QApplication>(argc, argv) : applicationWithoutDisplay(options.root);
     QApplication::setApplicationDisplayName(QStringLiteral("Settings"));
@@ -65,21 +89,32 @@ int runWindow(int argc, char** argv, PhoneOptions options, Scale scale, const st
 
     if (onScreen && scale == Scale::OfTheScreen)
         options.scale = std::clamp(static_cast<int>(std::lround(application->devicePixelRatio())), 1, 3);
-    // Before anything is opened: it may be refused, and the root is as the replay will find it.
-    const auto record = recording.empty()
-        ? nullptr
-        : std::make_unique<RecordFile>(recording, recordingHeader(options, recording));
-    Phone phone(options);
-    Reloader reloader(phone);
-    reloader.open();
+    const auto note = crash ? crashNoteFromText(crash->note, options) : std::nullopt;
+    std::unique_ptr<RecordFile> record;
+    std::unique_ptr<Phone> phone;
+    try {
+        // A recording that ends in a crash leads to it, and is kept as it is.
+        if (!crash)
+            record = makeRecord(onScreen, recording, options);
+        phone = std::make_unique<Phone>(note ? note->options : options);
+    } catch (const std::runtime_error& error) {
+        return fail(error);
+    }
+    Reloader reloader(*phone);
+    if (crash)
+        reloader.openAfter(*crash, note.value_or(CrashNote()));
+    else
+        reloader.open();
     if (!onScreen)
-        return writePictures(phone);
+        return writePictures(*phone);
 
     std::unique_ptr<Recorder> recorder;
-    MainWindow window(phone);
+    MainWindow window(*phone);
     if (record)
-        recorder = std::make_unique<Recorder>(phone, *record);
+        recorder = std::make_unique<Recorder>(*phone, *record);
     window.setWindowTitle(QStringLiteral("Vekora"));
+    if (note)
+        window.restoreGeometry(note->geometry);
     reloader.watch(window);
     window.show();
     QTimer::singleShot(0, &window, noteMissingBus);

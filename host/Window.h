@@ -1,5 +1,6 @@
 #pragma once
 
+#include "crash/CrashReport.h"
 #include "Phone.h"
 
 namespace host {
@@ -8,8 +9,10 @@ enum class Scale { AsGiven, OfTheScreen };
 
 /// Opens the Settings application's window and runs it until it is closed; without a display it writes
 /// pictures of every page instead. `recording` is a script to write what is done in it to, empty for none.
-/// Returns the process's exit status. Throws std::runtime_error with one sentence when the phone cannot be
-/// set up, or nothing can be recorded.
-int runWindow(int argc, char** argv, PhoneOptions, Scale, const std::string& recording = {});
+/// Returns the process's exit status; when the phone cannot be set up, or nothing can be recorded, one
+/// sentence on standard error says why. After a crash of a former window it comes back to where that was, but
+/// with an error page, and without the bundle until that has changed; a recording has ended with the crash.
+int runWindow(int argc, char** argv, PhoneOptions, Scale, const std::string& recording = {},
+    const std::optional<CrashReport>& = {});
 
 }

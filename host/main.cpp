@@ -1,3 +1,4 @@
+#include "crash/CrashStory.h"
 #include "driver/Drive.h"
 #include "Installation.h"
 #include "lint/Lint.h"
@@ -13,11 +14,12 @@ namespace {
 /// Of the options, the script, or whatever a run needs to begin.
 constexpr int cannotBegin = 2;
 
-int run(int argc, char** argv, const host::Options& options)
+int run(char** argv, const host::Options& options)
 {
     using Mode = host::Options::Mode;
     switch (options.mode) {
     case Mode::Drive:
+        host::handleCrashes(argv, host::AfterCrash::SayAndEnd);
         return host::runDrive(options);
     case Mode::Observe:
         return host::runObserve(options);
@@ -33,11 +35,23 @@ int run(int argc, char** argv, const host::Options& options)
     case Mode::Window:
         break;
     }
+    return 0;
+}
+
+bool hasWindow(const host::Options& options)
+{
+    return options.mode == host::Options::Mode::Window || options.mode == host::Options::Mode::Gallery;
+}
+
+// Outside of any try: of an exception that a bundle throws, the place is known only while nobody catches it.
+int runWindow(
+    int argc, char** argv, const host::Options& options, const std::optional<host::CrashReport>& crash)
+{
     auto phone = options.phone;
-    if (options.mode == Mode::Gallery)
+    if (options.mode == host::Options::Mode::Gallery)
         phone.bundle = host::InstallationSources::ofThisBuild().gallery;
     return host::runWindow(argc, argv, phone,
-        options.scaleIsGiven ? host::Scale::AsGiven : host::Scale::OfTheScreen, options.record);
+        options.scaleIsGiven ? host::Scale::AsGiven : host::Scale::OfTheScreen, options.record, crash);
 }
 
 int fail(const char* sentence)
@@ -50,12 +64,18 @@ int fail(const char* sentence)
 
 int main(int argc, char** argv)
 {
+    const auto crash = host::takeCrashReport();
     const std::vector<std::string> words(argv + (argc > 0), argv + argc);
-    const auto options = host::parseOptions(words);
-    if (const auto* sentence = std::get_if<std::string>(&options))
+    const auto parsed = host::parseOptions(words);
+    if (const auto* sentence = std::get_if<std::string>(&parsed))
         return fail(sentence->c_str());
+    const auto& options = std::get<host::Options>(parsed);
+    if (crash && crash->after == host::AfterCrash::SayAndEnd)
+        return fail(host::tellCrash(*crash, options.phone.root).sentence().c_str());
+    if (hasWindow(options))
+        return runWindow(argc, argv, options, crash);
     try {
-        return run(argc, argv, std::get<host::Options>(options));
+        return run(argv, options);
     } catch (const std::exception& exception) {
         return fail(exception.what());
     }

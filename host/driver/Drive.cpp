@@ -29,6 +29,13 @@ std::optional<QJsonObject> answerTo(Driver& driver, LineReader::Result kind, con
         "The line is longer than " + std::to_string(LineReader::longestLine) + " bytes.");
 }
 
+std::optional<std::string> errorOfOpening(Phone& phone)
+try {
+    return phone.openBundle();
+} catch (const std::exception& exception) {
+    return std::string("The bundle threw an exception while it was opened: ") + exception.what() + ".";
+}
+
 int carryOutAll(Driver& driver, LineReader& script, const AnswerOutput& output, bool keepGoing)
 {
     int status = 0;
@@ -64,7 +71,7 @@ int runDrive(const Options& options)
     auto bus = std::async(std::launch::async, platform::sessionBusIsAvailable);
     Phone phone(options.phone);
     Driver driver(phone);
-    if (const auto error = phone.openBundle()) {
+    if (const auto error = errorOfOpening(phone)) {
         std::fprintf(stderr, "%s\n", error->c_str());
         return cannotBegin;
     }

@@ -1,5 +1,6 @@
 #include "DriverCommands.h"
 
+#include "host/crash/CrashHandler.h"
 #include "Json.h"
 #include "platform/PSListController.h"
 #include "ScriptParser.h"
@@ -50,7 +51,9 @@ Driver::Driver(Phone& phone)
 {
     _listener = Journal::shared().listen([this](const JournalEntry& entry) {
         using Kind = JournalEntry::Kind;
-        if (entry.kind == Kind::Paint)
+        if (entry.kind == Kind::Action)
+            setLastAction(entry.name);
+        else if (entry.kind == Kind::Paint)
             ++_paints[entry.name];
         else if (entry.kind == Kind::Write || entry.kind == Kind::Notification || entry.kind == Kind::Toggle)
             _posted.push_back(entry);

@@ -1,6 +1,9 @@
 #include "Reloader.h"
 
 #include "FolderState.h"
+#include "host/crash/CrashHandler.h"
+#include "host/crash/CrashStory.h"
+#include "platform/Journal.h"
 
 #include <QEvent>
 #include <QShortcut>
@@ -10,6 +13,8 @@
 #include <cstdio>
 
 namespace host {
+
+using namespace platform;
 
 namespace {
 
@@ -26,37 +31,69 @@ Reloader::Reloader(Phone& phone)
 {
     // The button belongs to a page, which must have returned from its action before it goes.
     _phone.setTryAgain([this] { QTimer::singleShot(0, this, [this] { reload(); }); });
+    _listener = Journal::shared().listen([this](const JournalEntry& entry) {
+        if (entry.kind == JournalEntry::Kind::Action)
+            setLastAction(entry.name);
+        else if (entry.kind == JournalEntry::Kind::Touch && entry.name == "began")
+            noteState();
+    });
 }
 
 Reloader::~Reloader()
 {
+    Journal::shared().stop(_listener);
     _phone.setTryAgain({});
 }
 
 void Reloader::open()
 {
     _state = stateOfFolder(_phone.bundleFolder());
+    noteState();
     say(_phone.openBundle());
+}
+
+void Reloader::openAfter(const CrashReport& crash, const CrashNote& note)
+{
+    const auto story = tellCrash(crash, _phone.options().root);
+    _state = note.folderState;
+    say(story.sentence());
+    _phone.showError({
+        .heading = story.who + " crashed",
+        .reason = "It " + story.reason + ".",
+        .places = story.places,
+    });
+    _phone.setPagePath(note.pages);
+    noteState();
+}
+
+void Reloader::noteState() const
+{
+    setCrashNote(textFromCrashNote({ .options = _phone.options(),
+        .pages = _phone.pagePath(),
+        .geometry = _window ? _window->saveGeometry() : QByteArray(),
+        .folderState = _state }));
 }
 
 void Reloader::watch(QWidget& window)
 {
+    _window = &window;
     window.installEventFilter(this);
 }
 
 bool Reloader::eventFilter(QObject* object, QEvent* event)
 {
-    if (auto* const window = qobject_cast<QWidget*>(object); window && event->type() == QEvent::Paint) {
-        window->removeEventFilter(this);
-        QTimer::singleShot(0, window, [this, window] { begin(*window); });
+    if (event->type() == QEvent::Paint) {
+        object->removeEventFilter(this);
+        QTimer::singleShot(0, _window, [this] { begin(); });
     }
     return QObject::eventFilter(object, event);
 }
 
-void Reloader::begin(QWidget& window)
+void Reloader::begin()
 {
+    setAfterCrash(AfterCrash::StartAgain);
     _watcher = std::make_unique<BundleWatcher>(_phone.bundleFolder(), _state, [this] { reload(); });
-    auto* const again = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_R), &window);
+    auto* const again = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_R), _window);
     connect(again, &QShortcut::activated, this, [this] { reload(); });
 }
 
@@ -65,6 +102,7 @@ void Reloader::reload()
     _state = stateOfFolder(_phone.bundleFolder());
     if (_watcher)
         _watcher->take(_state);
+    noteState();
     say(_phone.reloadBundle());
 }
 

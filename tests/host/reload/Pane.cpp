@@ -50,7 +50,7 @@ struct Wrongdoer {
     {
         volatile char frame[4096] = {};
         frame[depth % 4096] = 1;
-        return neverReturn(depth + 1) + frame[depth % 7];
+        return nowhere() ? 0 : neverReturn(depth + 1) + frame[depth % 7];
     }
 };
 
@@ -148,8 +148,18 @@ public:
 namespace {
 
 const auto page = registerClass<PanePage>("PanePage").initialiser<CGSize>().method("bump", &PanePage::bump);
-const auto morePage
-    = registerClass<PaneMorePage>("PaneMorePage").initialiser<CGSize>().method("bump", &PaneMorePage::bump);
+const auto morePage = registerClass<PaneMorePage>("PaneMorePage")
+                          .initialiser<CGSize>()
+                          .method("bump", &PaneMorePage::bump)
+                          .method("readNothing", &PaneMorePage::readNothing)
+                          .method("callNothing", &PaneMorePage::callNothing)
+                          .method("divideByZero", &PaneMorePage::divideByZero)
+                          .method("beImpossible", &PaneMorePage::beImpossible)
+                          .method("giveUp", &PaneMorePage::giveUp)
+                          .method("readBeyondAFile", &PaneMorePage::readBeyondAFile)
+                          .method("complain", &PaneMorePage::complain)
+                          .method("complainOddly", &PaneMorePage::complainOddly)
+                          .method("neverReturn", &PaneMorePage::neverReturn);
 const auto view = registerClass<PaneView>("PaneView");
 const auto noPage = registerClass<PaneNoPage>("PaneNoPage").initialiser<CGSize>();
 
