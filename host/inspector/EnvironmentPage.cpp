@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include <iterator>
 #include <span>
@@ -64,6 +65,21 @@ std::string presentWord(const Phone& phone, std::string_view name)
     }
     return {};
 }
+
+/// Turning the wheel over it scrolls the page, unless one has come here to choose.
+class ChoiceBox final : public QComboBox {
+public:
+    ChoiceBox() { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
 
 QFormLayout* makeGroup(QVBoxLayout& column, const char* title)
 {
@@ -160,7 +176,7 @@ QWidget* EnvironmentPage::makeControls()
 
 void EnvironmentPage::addChoice(QFormLayout& form, const Control& control)
 {
-    auto* const box = new QComboBox;
+    auto* const box = new ChoiceBox;
     box->setObjectName(QLatin1String(control.name));
     box->setAccessibleName(QString::fromUtf8(control.title));
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

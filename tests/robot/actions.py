@@ -12,7 +12,7 @@ SINGLE_KEYS = ["Return", "Escape", "BackSpace", "Tab", "Left", "Right", "Up", "D
 CHORDS = [("a", "Control_L"), ("c", "Control_L"), ("x", "Control_L"), ("v", "Control_L"), ("z", "Control_L"),
           ("Tab", "Shift_L"), ("Left", "Shift_L"), ("Right", "Control_L"), ("End", "Shift_L"), ("F12",),
           ("i", "Control_L"), ("r", "Control_L")]
-SIZES = ["320x480", "320x568", "375x667", "414x736", "500x400", "huge", "0x0", "375"]
+SIZES = ["320x480", "320x568", "375x667", "414x736", "500x400", "1x1", "2000x320", "huge", "0x0", "375"]
 LOCALES = ["en_US", "de_DE", "ar_EG", "he_IL", "ja_JP", "tr_TR", "fa_IR", "hi_IN", "xx_XX", "", "zh-Hant-TW"]
 ZONES = ["UTC", "Europe/Berlin", "Asia/Kolkata", "America/St_Johns", "Atlantis"]
 INSTANTS = ["real", "2014-01-05T10:17:42.6", "2014-03-30T02:30", "9999-12-31T23:59:59Z", "0001-01-01", "soon"]

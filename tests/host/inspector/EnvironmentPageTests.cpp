@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QtTest/QTest>
+#include <QWheelEvent>
 
 using namespace platform;
 
@@ -226,4 +227,22 @@ TEST_F(InspectorEnvironment, MakesFaultsAndSaysWhichAreInForce)
     EXPECT_FALSE(std::filesystem::exists(preferences()));
     press("vanish");
     EXPECT_EQ(message(), "The preference file can't vanish: No such file or directory.");
+}
+
+TEST_F(InspectorEnvironment, TurningTheWheelOverAChoiceChangesNothingUnlessItHasTheKeys)
+{
+    openIt();
+    auto& box = control<QComboBox>("scale");
+    const auto turn = [&] {
+        const auto place = box.rect().center();
+        QWheelEvent event(
+            place, box.mapToGlobal(QPointF(place)), {}, { 0, -120 }, {}, {}, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&box, &event);
+    };
+    view().setFocus();
+    turn();
+    EXPECT_EQ(Device::current().scale, 1);
+    box.setFocus();
+    turn();
+    EXPECT_EQ(Device::current().scale, 2);
 }
