@@ -1,3 +1,4 @@
+#include "platform/NSMutableDictionary.h"
 #include "platform/PSListController.h"
 
 #include <csignal>
@@ -67,7 +68,7 @@ public:
 
 class PanePage final : public PSListController {
 public:
-    explicit PanePage(CGSize size)
+    [[gnu::noinline]] explicit PanePage(CGSize size)
         : PSListController(size)
     {
         if (TROUBLE == trouble::onOpening)
@@ -109,17 +110,23 @@ public:
             return *_specifiers;
         _specifiers.emplace();
         if (BUILD > 1)
-            add("New in build " + std::to_string(BUILD), "bump");
+            add("New in build " + std::to_string(BUILD), "bump:");
         for (const char* harm : { "readNothing", "callNothing", "divideByZero", "beImpossible", "giveUp",
                  "readBeyondAFile", "complain", "complainOddly", "neverReturn" })
             add(harm, harm);
         constexpr int rows = 40;
         for (int row = 0; row < rows; ++row)
-            add("Row " + std::to_string(row), "bump");
+            add("Row " + std::to_string(row), "bump:");
         return *_specifiers;
     }
 
-    void bump() { setTitle("More bumped by build " + std::to_string(BUILD)); }
+    /// For whoever sees the files of the device alone.
+    void bump(PSSpecifier* row)
+    {
+        const NSMutableDictionary tapped(PropertyList { { "row", row->name() }, { "build", BUILD } });
+        static_cast<void>(tapped.writeToFileAtomically(
+            "/private/var/mobile/Library/Preferences/net.morvane.pane.plist", true));
+    }
     void readNothing() { Wrongdoer::readNothing(); }
     void callNothing() { Wrongdoer::callNothing(); }
     void divideByZero() { Wrongdoer::divideByZero(); }
@@ -150,7 +157,7 @@ namespace {
 const auto page = registerClass<PanePage>("PanePage").initialiser<CGSize>().method("bump", &PanePage::bump);
 const auto morePage = registerClass<PaneMorePage>("PaneMorePage")
                           .initialiser<CGSize>()
-                          .method("bump", &PaneMorePage::bump)
+                          .method("bump:", &PaneMorePage::bump)
                           .method("readNothing", &PaneMorePage::readNothing)
                           .method("callNothing", &PaneMorePage::callNothing)
                           .method("divideByZero", &PaneMorePage::divideByZero)

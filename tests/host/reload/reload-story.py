@@ -1,0 +1,183 @@
+#!/usr/bin/env python3
+"""A pane's author at work, end to end, in a real window: builds that are good, that crash here and there, that can't be
+loaded, and good ones again. The process stays the same, and so do page and scroll position, which a click at one place of
+the window shows: the row below it, and the build that it is from, are written to the device's files. Nothing waits for
+time to pass, but for what is to happen.
+Usage: reload-story.py PROGRAM FOLDER-OF-BUILDS"""
+
+import os
+import plistlib
+import queue
+import shutil
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+PATIENCE = 120  # Seconds for a step that takes a fraction of one.
+
+ROWS = b"""<plist version="1.0"><dict><key>title</key><string>Pane</string><key>items</key><array>
+<dict><key>cell</key><string>PSLinkCell</string><key>label</key><string>More</string>
+<key>detail</key><string>PaneMorePage</string></dict></array></dict></plist>"""
+INFO = b"""<plist version="1.0"><dict><key>CFBundleExecutable</key><string>Pane</string>
+<key>NSPrincipalClass</key><string>PanePage</string></dict></plist>"""
+
+
+class Story:
+    def __init__(self, program, builds, scratch, environment):
+        self.builds = builds
+        self.bundle = os.path.join(scratch, "build", "Pane.bundle")
+        self.tapped = os.path.join(scratch, "root/private/var/mobile/Library/Preferences/net.morvane.pane.plist")
+        self.environment = environment
+        self.build("good1")
+        self.window = subprocess.Popen(
+            [program, "--root", os.path.join(scratch, "root"), "--locale", "en_US", "--timezone", "UTC", "--scale", "1",
+             "--bundle", self.bundle], env=environment, stderr=subprocess.PIPE, text=True)
+        self.errors = queue.Queue()
+        threading.Thread(target=lambda: [self.errors.put(line) for line in self.window.stderr], daemon=True).start()
+
+    def build(self, name):
+        """As from nothing: the folder has gone, and everything around it."""
+        shutil.rmtree(os.path.dirname(self.bundle), ignore_errors=True)
+        os.makedirs(self.bundle)
+        for file, content in (("Info.plist", INFO), ("Pane.plist", ROWS)):
+            with open(os.path.join(self.bundle, file), "wb") as out:
+                out.write(content)
+        self.link(name)
+
+    def link(self, name, part=1.0):
+        """As a linker does it: the old file goes first, and the new one grows."""
+        module = os.path.join(self.bundle, "Pane")
+        if os.path.exists(module):
+            os.remove(module)
+        with open(os.path.join(self.builds, name), "rb") as file:
+            content = file.read()
+        with open(module, "wb") as out:
+            out.write(content[:int(len(content) * part)])
+
+    def x(self, *words, check=True):
+        return subprocess.run(["xdotool", *words], env=self.environment, check=check, capture_output=True, text=True,
+                              timeout=PATIENCE).stdout
+
+    def move_to(self, across, down):
+        # After a crash it is another window. One that is just going away is not it.
+        deadline = time.monotonic() + PATIENCE
+        while time.monotonic() < deadline:
+            for number in reversed(self.x("search", "--onlyvisible", "--name", "^Vekora", check=False).split()):
+                if subprocess.run(["xdotool", "mousemove", "--window", number, str(across), str(down)],
+                                  env=self.environment, capture_output=True).returncode == 0:
+                    return
+            time.sleep(0.02)
+        sys.exit("There is no window.")
+
+    def click(self, across, down):
+        self.move_to(across, down)
+        self.x("click", "1")
+
+    def expect_row(self, row, build):
+        """Clicks at one place until the row that is to be there says that it was tapped."""
+        if os.path.exists(self.tapped):
+            os.remove(self.tapped)
+        deadline = time.monotonic() + PATIENCE
+        found = None
+        while time.monotonic() < deadline:
+            self.click(150, 560)
+            time.sleep(0.02)
+            try:
+                with open(self.tapped, "rb") as file:
+                    found = plistlib.load(file)
+            except FileNotFoundError:
+                continue
+            if found == {"row": row, "build": build}:
+                print(f"{row} of build {build} is where it is to be.")
+                return
+        sys.exit(f"Instead of {row} of build {build} there is {found}.")
+
+    def expect_error(self, *parts):
+        deadline = time.monotonic() + PATIENCE
+        line = None
+        while time.monotonic() < deadline:
+            try:
+                line = self.errors.get(timeout=PATIENCE)
+            except queue.Empty:
+                break
+            if "session bus" in line:
+                continue
+            if all(part in line for part in parts):
+                print(line, end="")
+                return
+            break
+        sys.exit(f"It says {line!r}, which has nothing of {parts}.")
+
+    def tell(self):
+        self.click(150, 121)  # Opens the long page.
+        for _ in range(2):
+            self.move_to(150, 300)
+            self.x("click", "5")
+        self.expect_row("Row 3", 1)
+
+        self.link("good2")
+        self.expect_row("Row 2", 2)  # It has a row more above.
+
+        self.click(150, 90)
+        self.expect_error("Pane.bundle crashed: it used memory at 0x0", "while performing readNothing",
+                          "in pane::Wrongdoer::readNothing(), called by pane::PaneMorePage::readNothing()")
+        self.link("good1")
+        self.expect_row("Row 3", 1)
+
+        self.link("crash_on_loading")
+        self.expect_error("Pane.bundle crashed", "while it was loaded", "called by the initialisers of Pane.cpp")
+        self.link("missing_symbol")
+        self.expect_error("Pane.bundle/Pane has the unresolved symbol pane::functionThatNobodyWrote(int).")
+        self.link("good2", 0.5)
+        self.expect_error("Pane.bundle/Pane is not a loadable module (it ends after", "bytes, in the middle")
+        self.link("crash_on_opening")
+        self.expect_error("Pane.bundle crashed", "while its first page was opened")
+        self.link("throws_on_opening")
+        self.expect_error("threw std::runtime_error (“the cupboard is bare”), which nobody caught")
+        self.build("good2")
+        self.expect_row("Row 2", 2)
+
+        self.click(150, 437)
+        self.expect_error("called functions without end until the stack was full", "neverReturn(int)")
+        self.click(150, 20)  # The window that has the keys is the one that was clicked.
+        self.x("key", "ctrl+r")
+        self.expect_row("Row 2", 2)
+
+        self.click(150, 349)
+        self.expect_error("threw std::runtime_error (“the cupboard is bare”), which nobody caught",
+                          "while performing complain", "in pane::Wrongdoer::complain()")
+        self.link("good1")
+        self.expect_row("Row 3", 1)
+
+        if self.window.poll() is not None:
+            sys.exit(f"The process has ended with {self.window.returncode}.")
+        self.x("key", "ctrl+q")
+        if self.window.wait(timeout=PATIENCE) != 0:
+            sys.exit(f"The window ended with {self.window.returncode}.")
+
+
+def main():
+    with tempfile.TemporaryDirectory() as scratch:
+        runtime = os.path.join(scratch, "runtime")
+        os.mkdir(runtime, 0o700)
+        screen = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp"],
+                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        try:
+            environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime, DBUS_SESSION_BUS_ADDRESS="disabled:",
+                               DISPLAY=":" + screen.stdout.readline().strip())
+            for name in ("QT_QPA_PLATFORM", "XDG_CONFIG_HOME", "XDG_DATA_HOME"):
+                environment.pop(name, None)
+            story = Story(sys.argv[1], sys.argv[2], scratch, environment)
+            try:
+                story.tell()
+            finally:
+                story.window.kill()
+                story.window.wait()
+        finally:
+            screen.terminate()
+            screen.wait()
+
+
+main()
