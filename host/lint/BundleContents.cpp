@@ -14,6 +14,9 @@ using namespace platform;
 
 namespace {
 
+/// Somebody's whole disk is not gone through by mistake.
+constexpr std::size_t mostFiles = 10000;
+
 std::optional<PropertyList> listFrom(const fs::path& file)
 {
     std::ifstream stream(file, std::ios::binary);
@@ -31,10 +34,14 @@ std::vector<std::string> filesIn(const fs::path& folder)
     std::vector<std::string> files;
     std::error_code error;
     auto entry = fs::recursive_directory_iterator(folder, error);
-    for (const fs::recursive_directory_iterator end; !error && entry != end; entry.increment(error)) {
+    for (const fs::recursive_directory_iterator end; !error && entry != end && files.size() <= mostFiles;
+         entry.increment(error)) {
         if (entry->is_regular_file(error) && !entry->path().filename().string().starts_with('.'))
             files.push_back(entry->path().lexically_relative(folder).string());
     }
+    if (files.size() > mostFiles)
+        throw std::runtime_error(
+            folder.string() + " holds more than " + std::to_string(mostFiles) + " files and is no bundle.");
     if (error)
         throw std::runtime_error(folder.string() + " cannot be read: " + error.message() + ".");
     std::sort(files.begin(), files.end());

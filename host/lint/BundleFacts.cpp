@@ -117,7 +117,8 @@ BundleFacts inspectBundle(const BundleContents& contents)
     const auto executable = contents.infoText("CFBundleExecutable");
     if (executable.empty() || contents.infoText("NSPrincipalClass").empty())
         return facts; // Nothing can be loaded; the rules of Info.plist say why.
-    if (const auto reason = whyNoModule(contents.folder / executable); !reason.empty()) {
+    if (const auto reason = whyNoModule(contents.folder / fs::path(executable).relative_path());
+        !reason.empty()) {
         facts.findings.push_back({ executable, {}, reason });
         return facts;
     }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <stdexcept>
 
 namespace host {
 
@@ -106,6 +107,8 @@ int runLint(const Options& options)
     std::printf("%s: %s%s in %s, %s.\n", folder.c_str(), counted(wrong, "finding").c_str(),
         remarks ? (" and " + counted(remarks, "remark")).c_str() : "",
         counted(contents.resources.size(), "page").c_str(), counted(rows, "row").c_str());
+    if (std::fflush(stdout) != 0)
+        throw std::runtime_error("The findings can't be written.");
     return wrong == 0 ? 0 : somethingIsWrong;
 }
 

@@ -114,7 +114,8 @@ private:
                     + "\", which the module does not have" });
             return;
         }
-        const auto symbols = missingSymbols(_contents.folder / _executable);
+        const auto symbols
+            = missingSymbols(_contents.folder / std::filesystem::path(_executable).relative_path());
         const auto module = path + '/' + _executable + ' ';
         auto reason = error.starts_with(module) ? error.substr(module.size()) : "cannot be loaded: " + error;
         if (reason.ends_with('.'))

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Follows docs/your-own-pane.md letter for letter, in an empty folder and with an installed tree.
-Usage: follow-the-page.py CMAKE BUILD SOURCE COMPILER
+Usage: follow-the-page.py CMAKE BUILD SOURCE COMPILER, or "installed" for BUILD where the package is.
 
 What the page's blocks mean:
 - One after a line that is only `FOLDER/FILE`: is that file, whole.
@@ -148,7 +148,9 @@ def main():
         scratch = pathlib.Path(folder).resolve()
         for name in ("top", "home", "run"):
             (scratch / name).mkdir(mode=0o700)
-        subprocess.run([CMAKE, "--install", BUILD, "--prefix", scratch / "vekora"], check=True, stdout=subprocess.DEVNULL)
+        if BUILD != "installed":
+            subprocess.run([CMAKE, "--install", BUILD, "--prefix", scratch / "vekora"], check=True,
+                           stdout=subprocess.DEVNULL)
         kept = {name: value for name, value in os.environ.items() if name in ("ASAN_OPTIONS", "LSAN_OPTIONS")}
         place = os.open(scratch / "place", os.O_RDWR | os.O_CREAT)
         os.dup2(place, 3)

@@ -20,6 +20,14 @@ TEST(LintModule, TellsOfOneThatIsNotThere)
     EXPECT_EQ(bundle.findings().join('\n'), "Lint: is no file.");
 }
 
+TEST(LintModule, LooksForOneInTheBundleAlone)
+{
+    LintBundle bundle;
+    bundle.setInfo("CFBundleExecutable", "/bin/sh");
+    EXPECT_EQ(bundle.findings().join('\n'),
+        "/bin/sh: is not there, though Info.plist names it as CFBundleExecutable.");
+}
+
 TEST(LintModule, TellsOfOneOfAnotherMake)
 {
     LintBundle bundle;

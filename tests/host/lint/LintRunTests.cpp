@@ -54,6 +54,25 @@ TEST(LintRun, EndsWithStatusTwoWhenThereIsNothingToCheck)
     }
 }
 
+TEST(LintRun, EndsWithStatusTwoForAFolderThatIsFarTooLarge)
+{
+    TemporaryFolder folder;
+    for (int number = 0; number <= 10000; ++number)
+        writeTestFile(folder.path() / std::to_string(number), "");
+    const auto run = runHost({ "lint", QString::fromStdString(folder.path()) });
+    EXPECT_EQ(run.status, 2);
+    EXPECT_TRUE(run.errors.contains("more than 10000 files")) << run.errors.toStdString();
+}
+
+TEST(LintRun, EndsWithStatusTwoWhenNobodyTakesTheFindings)
+{
+    QProcess shell;
+    shell.start("/bin/sh", { "-c", "\"$0\" lint \"$1\" >/dev/full", HOST_PROGRAM, TEST_BUNDLE });
+    ASSERT_TRUE(shell.waitForFinished(-1));
+    EXPECT_EQ(shell.exitCode(), 2);
+    EXPECT_EQ(shell.readAllStandardError(), "The findings can't be written.\n");
+}
+
 TEST(LintRun, LeavesNothingBehind)
 {
     const LintBundle bundle;
