@@ -22,13 +22,13 @@ const std::vector<std::uint8_t>& cornerCoverage(double radius, int corner)
     auto& table = kept[radius];
     if (!table.empty())
         return table;
-    table.resize(static_cast<std::size_t>(corner * corner), std::uint8_t { 255 });
+    table.resize(static_cast<std::size_t>(corner) * corner, std::uint8_t { 255 });
     for (int row = 0; row < corner; ++row) {
         for (int column = 0; column < corner; ++column) {
             const auto dx = radius - (column + 0.5);
             const auto dy = radius - (row + 0.5);
             if (dx > 0 && dy > 0)
-                table[static_cast<std::size_t>(row * corner + column)] = static_cast<std::uint8_t>(
+                table[static_cast<std::size_t>(row) * corner + column] = static_cast<std::uint8_t>(
                     std::clamp((radius - std::hypot(dx, dy) + 0.5) * 255 + 0.5, 0.0, 255.0));
         }
     }

@@ -14,10 +14,11 @@ constexpr std::size_t masksKept = 64;
 
 std::vector<double> gaussian(double blur, int reach)
 {
-    std::vector<double> weights(static_cast<std::size_t>(2 * reach + 1));
+    std::vector<double> weights(static_cast<std::size_t>(reach) * 2 + 1);
+    auto* const middle = weights.data() + reach;
     double total = 0;
     for (int step = -reach; step <= reach; ++step)
-        total += weights[static_cast<std::size_t>(step + reach)] = std::exp(-step * step / (2 * blur * blur));
+        total += middle[step] = std::exp(-step * step / (2 * blur * blur));
     for (auto& weight : weights)
         weight /= total;
     return weights;
@@ -29,13 +30,13 @@ std::vector<double> blurredAndTransposed(
     const std::vector<double>& source, int width, int height, const std::vector<double>& weights)
 {
     const auto reach = static_cast<int>(weights.size() / 2);
+    const auto* const middle = weights.data() + reach;
     std::vector<double> result(source.size());
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             double sum = 0;
             for (int step = std::max(-reach, -x); step <= std::min(reach, width - 1 - x); ++step)
-                sum += source[static_cast<std::size_t>(y) * width + x + step]
-                    * weights[static_cast<std::size_t>(step + reach)];
+                sum += source[static_cast<std::size_t>(y) * width + x + step] * middle[step];
             result[static_cast<std::size_t>(x) * height + y] = sum;
         }
     }

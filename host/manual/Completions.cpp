@@ -18,6 +18,7 @@ struct WordsOfValue {
 
 /// Values of which there are few, or some that are usual.
 constexpr WordsOfValue usualWords[] = {
+    { "--direction", "locale ltr rtl" },
     { "--locale", "ar_EG de_DE en_GB en_US fr_FR ja_JP" },
     { "--scale", "1 2 3" },
     { "--size", "320x568 375x667 414x736" },
