@@ -71,7 +71,7 @@ InstallationSources InstallationSources::ofThisBuild()
     };
 }
 
-Installation::Installation(fs::path root)
+Installation::Installation(const fs::path& root)
 {
     std::error_code error;
     fs::create_directories(root, error);

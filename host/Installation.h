@@ -27,7 +27,7 @@ struct InstallationSources {
 class Installation {
 public:
     /// Makes the root, with what a device always has, as far as it is missing.
-    explicit Installation(std::filesystem::path root);
+    explicit Installation(const std::filesystem::path& root);
 
     /// Copies the pane's bundle and its loader entry. Returns the bundle's device path.
     std::string installPane(const InstallationSources&) const;

@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/setup.sh
-need_packages "${packages_run[@]}" dpkg-dev fakeroot file
+need_packages "${packages_run[@]}" dpkg-dev file
 build_preset release
 # What the package gives must not depend on who makes it.
 umask 022

@@ -9,7 +9,7 @@ packages_run=(
 )
 # shellcheck disable=SC2034
 packages_test=("${packages_run[@]}"
-    clang clang-format desktop-file-utils libclang-rt-14-dev libgtest-dev python3-xlib strace xdotool
+    clang clang-format desktop-file-utils dpkg-dev file libclang-rt-14-dev libgtest-dev python3-xlib strace xdotool
     xvfb
 )
 # shellcheck disable=SC2034

@@ -46,11 +46,6 @@ std::string sizeText(std::pair<int, int> size)
     return std::to_string(size.first) + "x" + std::to_string(size.second);
 }
 
-std::string pointsText(double points)
-{
-    return textOfPropertyValue(points);
-}
-
 /// What is too large of an image for a square of so many points; empty when nothing is.
 std::string whatIsTooLarge(std::pair<int, int> pixels, int scale, double points)
 {
@@ -94,9 +89,11 @@ void checkIcon(const RowCase& row, const RowReport& report)
         if (found == row.bundle.images.end())
             continue;
         isThere = true;
-        if (const auto reason = whatIsTooLarge(found->second, scale, room); !reason.empty())
-            report.wrong(
-                "its icon " + file + ' ' + reason + "fit into its row of " + pointsText(room) + " points");
+        if (const auto reason = whatIsTooLarge(found->second, scale, room); !reason.empty()) {
+            auto sentence = "its icon " + file + ' ' + reason;
+            sentence += "fit into its row of " + textOfPropertyValue(room) + " points";
+            report.wrong(std::move(sentence));
+        }
     }
     if (!isThere)
         report.wrong("its icon " + Variant::file(*stem, 1) + " is not there, nor any @2x or @3x of it");
