@@ -2,12 +2,16 @@
 
 #include "InspectorPages.h"
 
+#include <QApplication>
+
 namespace host {
 
 Inspector::Inspector(Phone& phone, PhoneView& view, QWidget* parent)
     : QTabWidget(parent)
 {
     setDocumentMode(true);
+    // A caret that blinks would wake the program up twice a second.
+    QApplication::setCursorFlashTime(0);
     QFont font(QStringLiteral("Inter"));
     font.setPixelSize(12);
     setFont(font);

@@ -1,6 +1,6 @@
 #include "TimelineModel.h"
 
-#include <QBrush>
+#include <QColor>
 
 #include <algorithm>
 #include <array>
@@ -12,11 +12,10 @@ using namespace platform;
 TimelineModel::TimelineModel(QObject* parent, std::size_t limit)
     : QAbstractTableModel(parent)
     , _limit(limit)
+    , _flush([this] { flush(); })
 {
     for (const auto& known : timelineKinds())
         _kinds.insert(known.kind);
-    _flush.setSingleShot(true);
-    _flush.callOnTimeout([this] { flush(); });
     _listener = Journal::shared().listen([this](const JournalEntry& entry) { take(entry); });
 }
 
@@ -46,8 +45,8 @@ void TimelineModel::add(TimelineEntry entry)
     // Else nobody would drop any while the event loop does not run, or the panel is hidden.
     if (_entries.size() > 2 * _limit)
         flush();
-    if (_isLive && !_flush.isActive())
-        _flush.start(0);
+    if (_isLive)
+        _flush.request();
 }
 
 void TimelineModel::dropOldest()
@@ -69,7 +68,7 @@ void TimelineModel::dropOldest()
 
 void TimelineModel::flush()
 {
-    _flush.stop();
+    _flush.cancel();
     dropOldest();
     std::deque<Number> more;
     const auto end = _first + _entries.size();
@@ -106,7 +105,7 @@ void TimelineModel::setLive(bool isLive)
     if (isLive)
         flush();
     else
-        _flush.stop();
+        _flush.cancel();
 }
 
 void TimelineModel::setFilter(std::set<Kind> kinds, const QString& text)
@@ -160,7 +159,7 @@ QVariant TimelineModel::data(const QModelIndex& index, int role) const
     case Qt::TextAlignmentRole:
         return index.column() == TimeColumn ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case Qt::ForegroundRole:
-        return entry.isFailure() ? QVariant(QBrush(Qt::red)) : QVariant();
+        return entry.isFailure() ? QVariant(QColor(Qt::red)) : QVariant();
     default:
         return {};
     }

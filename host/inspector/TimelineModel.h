@@ -1,9 +1,9 @@
 #pragma once
 
+#include "LazyUpdate.h"
 #include "TimelineEntry.h"
 
 #include <QAbstractTableModel>
-#include <QTimer>
 
 #include <deque>
 #include <set>
@@ -11,8 +11,8 @@
 namespace host {
 
 /// What happened in the phone since the model was made, as far as it passes the filter: the last `limit`
-/// entries, of which a hundredth may be missing. Recording costs little; views are told once an event-loop
-/// pass at most, and only while the model is live.
+/// entries, of which a hundredth may be missing. Recording costs little; views are told when nothing has
+/// happened for a moment, or once a second, and only while the model is live.
 class TimelineModel final : public QAbstractTableModel {
 public:
     enum Column { TimeColumn, KindColumn, NameColumn, DetailColumn, ColumnCount };
@@ -58,7 +58,7 @@ private:
     QString _text;
     bool _isPaused = false;
     bool _isLive = false;
-    QTimer _flush;
+    LazyUpdate _flush;
     int _listener;
 };
 

@@ -2,6 +2,7 @@
 
 #include "host/Line.h"
 #include "PageParts.h"
+#include "PlainDelegate.h"
 #include "TimelineModel.h"
 
 #include <QClipboard>
@@ -27,6 +28,7 @@ constexpr auto tsvTitles = "ms\ttime\tkind\tname\tdetail\n";
 QTableView* makeTable(QAbstractItemModel* model, QWidget* parent)
 {
     auto* const table = makePlainTable(model, parent);
+    table->setItemDelegate(new PlainDelegate(table));
     table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);

@@ -3,6 +3,7 @@
 #include "host/driver/ViewSearch.h"
 #include "host/PhoneView.h"
 #include "PageParts.h"
+#include "PlainDelegate.h"
 #include "platform/Journal.h"
 #include "ViewDetails.h"
 #include "ViewTreeModel.h"
@@ -17,14 +18,6 @@ namespace host {
 
 using namespace platform;
 
-namespace {
-
-/// Milliseconds from a change to a look at it: what changes all the time, as in a drag, is not looked at all
-/// the time.
-constexpr int patience = 50;
-
-}
-
 ViewsPage::ViewsPage(Phone& phone, PhoneView& view, QWidget* parent)
     : QWidget(parent)
     , _phone(phone)
@@ -32,7 +25,7 @@ ViewsPage::ViewsPage(Phone& phone, PhoneView& view, QWidget* parent)
     , _model(new ViewTreeModel(this))
     , _tree(makeTree())
     , _details(new ViewDetails(this))
-    , _look(this)
+    , _look([this] { look(); })
 {
     auto* const top = new QWidget(this);
     auto* const row = makeRow(top);
@@ -45,8 +38,6 @@ ViewsPage::ViewsPage(Phone& phone, PhoneView& view, QWidget* parent)
     column->addWidget(_tree, 1);
     column->addWidget(_details);
 
-    _look.setSingleShot(true);
-    connect(&_look, &QTimer::timeout, this, &ViewsPage::look);
     connect(_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &ViewsPage::showCurrent);
     connect(_tree, &QTreeView::entered, this,
         [this](const QModelIndex& index) { highlight(_model->view(index)); });
@@ -59,8 +50,8 @@ ViewsPage::ViewsPage(Phone& phone, PhoneView& view, QWidget* parent)
     _tree->viewport()->installEventFilter(this);
     _view.installEventFilter(this);
     _listener = Journal::shared().listen([this](const JournalEntry& entry) {
-        if (entry.kind == JournalEntry::Kind::Display && isVisible() && !_look.isActive())
-            _look.start(patience);
+        if (entry.kind == JournalEntry::Kind::Display && isVisible())
+            _look.request();
     });
 }
 
@@ -73,12 +64,11 @@ QTreeView* ViewsPage::makeTree()
 {
     auto* const tree = new QTreeView(this);
     tree->setModel(_model);
+    tree->setItemDelegate(new PlainDelegate(tree));
     tree->setUniformRowHeights(true);
     tree->setIndentation(9);
-    tree->setIconSize({ 12, 12 });
     tree->setMouseTracking(true);
     tree->setTabKeyNavigation(false);
-    tree->setTextElideMode(Qt::ElideRight);
     const auto letters = [&](int count) { return tree->fontMetrics().averageCharWidth() * count; };
     auto* const header = tree->header();
     header->resizeSection(ViewTreeModel::ClassColumn, letters(24));
@@ -98,7 +88,7 @@ void ViewsPage::showEvent(QShowEvent* event)
 void ViewsPage::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
-    _look.stop();
+    _look.cancel();
     setPicking(false);
     highlight(nullptr);
 }

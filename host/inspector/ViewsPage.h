@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QTimer>
+#include "LazyUpdate.h"
+
 #include <QWidget>
 
 class QPushButton;
@@ -19,11 +20,14 @@ class ViewDetails;
 class ViewTreeModel;
 
 /// The tree of the phone's views. The selected one, or the one under the mouse, is highlighted in the phone;
-/// a view can also be picked there. It looks at the views while it is shown, some time after they changed.
+/// a view can also be picked there. It looks at the views while it is shown, a moment after they changed.
 class ViewsPage final : public QWidget {
 public:
     ViewsPage(Phone&, PhoneView&, QWidget* parent);
     ~ViewsPage() override;
+
+    /// Whether the views changed since it looked at them.
+    bool isBehind() const { return _look.isPending(); }
 
     bool eventFilter(QObject*, QEvent*) override;
 
@@ -46,7 +50,7 @@ private:
     QTreeView* _tree;
     ViewDetails* _details;
     QPushButton* _pick;
-    QTimer _look;
+    LazyUpdate _look;
     bool _isPicking = false;
     int _listener;
 };

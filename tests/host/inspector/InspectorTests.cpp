@@ -168,3 +168,11 @@ TEST_F(InspectorPanel, StartsAsUsualWhenItsMemoryMakesNoSense)
         close();
     }
 }
+
+TEST_F(InspectorPanel, HasNoCaretThatBlinks)
+{
+    QApplication::setCursorFlashTime(1000);
+    open();
+    window().setInspectorShown(true);
+    EXPECT_EQ(QApplication::cursorFlashTime(), 0);
+}

@@ -139,7 +139,7 @@ TEST(Timeline, CountsThePaintsOfAPassThatWasBegunBeforeItWasCleared)
     EXPECT_EQ(column(model), QStringList { "2 × UISlider" });
 }
 
-TEST(Timeline, TellsItsViewsOnceAnEventLoopPass)
+TEST(Timeline, TellsItsViewsOnceOfWhatHappensTogether)
 {
     TimelineModel model;
     model.setLive(true);

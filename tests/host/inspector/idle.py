@@ -1,0 +1,110 @@
+#!/usr/bin/env python3
+"""A window that nobody touches uses no processor time: the real window is opened on a screen of its own, with the
+inspector closed and at each of its pages, and used a little. When it has come to rest, all its threads together must
+not wake up once in two seconds, as the system counts it.
+Usage: idle.py PROGRAM"""
+
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import time
+
+PAGES = ["", "file", "timeline", "views", "environment"]
+OBSERVED = 2  # Seconds: what is measured, not a wait for anything.
+QUIET = 0.5  # Seconds without a wake-up that count as rest.
+DEADLINE = 60  # Seconds to come to rest in.
+
+
+def start(*words, **more):
+    return subprocess.Popen(words, stdout=subprocess.PIPE, text=True, **more)
+
+
+def wake_ups(process):
+    """How often each thread has been given a processor so far, by number and name."""
+    counts = {}
+    folder = f"/proc/{process.pid}/task"
+    for task in os.listdir(folder):
+        with open(f"{folder}/{task}/status", encoding="utf-8") as file:
+            status = file.read()
+        name = re.search(r"^Name:\s*(.*)$", status, re.M).group(1)
+        counts[f"{task} {name}"] = sum(map(int, re.findall(r"ctxt_switches:\s*(\d+)", status)))
+    return counts
+
+
+def come_to_rest(process):
+    deadline = time.monotonic() + DEADLINE
+    before = wake_ups(process)
+    while time.monotonic() < deadline:
+        time.sleep(QUIET)
+        now = wake_ups(process)
+        if now == before:
+            return
+        before = now
+    sys.exit(f"The window does not come to rest: {before}")
+
+
+def check(program, page, scratch, environment):
+    configuration = os.path.join(scratch, "config " + page)
+    os.makedirs(os.path.join(configuration, "vekora"))
+    if page:
+        with open(os.path.join(configuration, "vekora", "inspector.ini"), "w", encoding="utf-8") as file:
+            file.write(f"[General]\nshown=true\nwidth=620\npage={page}\n")
+    environment = dict(environment, XDG_CONFIG_HOME=configuration)
+    window = start(program, "--root", os.path.join(scratch, "root"), "--locale", "en_US", "--timezone", "UTC",
+                   "--scale", "1", env=environment)
+
+    def x(*words):
+        return subprocess.run(["xdotool", *words], env=environment, check=True, capture_output=True, text=True).stdout
+
+    try:
+        number = x("search", "--sync", "--onlyvisible", "--name", "^Vekora").split()[-1]
+        come_to_rest(window)
+        size = x("getwindowgeometry", number)
+        if (int(re.search(r"Geometry: (\d+)x", size).group(1)) > 600) != bool(page):
+            sys.exit(f"With the inspector at {page!r} the window has an odd size: {size}")
+        # Switched on, the page shows what was written, and the inspector what happened.
+        untouched = wake_ups(window)
+        x("mousemove", "--window", number, "334", "121", "click", "1")
+        deadline = time.monotonic() + DEADLINE
+        while wake_ups(window) == untouched:
+            if time.monotonic() > deadline:
+                sys.exit("The click never arrived.")
+            time.sleep(0.01)
+        come_to_rest(window)
+        before = wake_ups(window)
+        time.sleep(OBSERVED)
+        after = wake_ups(window)
+        if after != before:
+            changed = {name: after.get(name, 0) - before.get(name, 0) for name in {*before, *after}
+                       if after.get(name) != before.get(name)}
+            sys.exit(f"With the inspector {'at ' + page if page else 'closed'} it woke up: {changed}")
+        print(f"{page or 'closed'}: {len(after)} threads, no wake-up in {OBSERVED} seconds")
+    finally:
+        window.kill()
+        window.wait()
+
+
+def main():
+    with tempfile.TemporaryDirectory() as scratch:
+        runtime = os.path.join(scratch, "runtime")
+        os.mkdir(runtime, 0o700)
+        screen = start("Xvfb", "-displayfd", "1", "-screen", "0", "1200x900x24", "-nolisten", "tcp",
+                       stderr=subprocess.DEVNULL)
+        bus = start("dbus-daemon", "--session", "--print-address=1", "--nofork", "--nopidfile",
+                    stderr=subprocess.DEVNULL)
+        try:
+            environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime,
+                               DISPLAY=":" + screen.stdout.readline().strip(),
+                               DBUS_SESSION_BUS_ADDRESS=bus.stdout.readline().strip())
+            environment.pop("QT_QPA_PLATFORM", None)
+            for page in PAGES:
+                check(sys.argv[1], page, scratch, environment)
+        finally:
+            for process in (screen, bus):
+                process.terminate()
+                process.wait()
+
+
+main()
