@@ -2,6 +2,7 @@
 
 #include "Installation.h"
 #include "Instant.h"
+#include "PhoneObserver.h"
 #include "platform/Device.h"
 
 #include <QLocale>
@@ -14,6 +15,7 @@ using namespace platform;
 
 void Phone::setToggleInstalled(bool isInstalled)
 {
+    const InputSpan input(_observer);
     if (isInstalled == _options.toggle)
         return;
     const Installation installation(_options.root);
@@ -29,6 +31,7 @@ void Phone::setToggleInstalled(bool isInstalled)
 
 void Phone::setStatusBarLibraryInstalled(bool isInstalled)
 {
+    const InputSpan input(_observer);
     if (isInstalled == _options.statusBar)
         return;
     const Installation installation(_options.root);
@@ -42,6 +45,7 @@ void Phone::setStatusBarLibraryInstalled(bool isInstalled)
 
 void Phone::setLocale(const std::string& locale)
 {
+    const InputSpan input(_observer);
     auto& device = Device::current();
     if (locale == device.locale)
         return;
@@ -53,6 +57,7 @@ void Phone::setLocale(const std::string& locale)
 
 void Phone::setTimeZone(const std::string& timeZone)
 {
+    const InputSpan input(_observer);
     auto& device = Device::current();
     if (timeZone == device.timeZone)
         return;
@@ -63,6 +68,7 @@ void Phone::setTimeZone(const std::string& timeZone)
 
 void Phone::setDirection(TextDirection direction)
 {
+    const InputSpan input(_observer);
     if (direction == _options.direction)
         return;
     _options.direction = direction;
@@ -81,6 +87,7 @@ void Phone::applyDirection() const
 
 void Phone::setScale(int scale)
 {
+    const InputSpan input(_observer);
     auto& device = Device::current();
     if (device.scale == scale)
         return;
@@ -92,6 +99,7 @@ void Phone::setScale(int scale)
 
 void Phone::setStandingClock(NSDate date)
 {
+    const InputSpan input(_observer);
     Device::current().standingClock = date;
     _options.now = textFromInstant(date); // To the microsecond.
     environmentDidChange();
@@ -99,6 +107,7 @@ void Phone::setStandingClock(NSDate date)
 
 void Phone::setRunningClock()
 {
+    const InputSpan input(_observer);
     Device::current().standingClock = std::nullopt;
     _options.now = std::nullopt;
     environmentDidChange();

@@ -96,6 +96,13 @@ void Gesture::wentOn()
         _scrolling = true;
 }
 
+void Gesture::letGo()
+{
+    _actor = {};
+    _keptAlive.reset();
+    _panned.reset();
+}
+
 void Gesture::sets(const JournalEntry& entry)
 {
     if (entry.kind != JournalEntry::Kind::Action)

@@ -24,6 +24,8 @@ public:
 
     /// While a step is being delivered.
     void sets(const platform::JournalEntry&);
+    /// Of the views, which go.
+    void letGo();
     /// Something else was written among the steps, so they cannot be summed up.
     void interrupt() { _interrupted = true; }
     bool wasInterrupted() const { return _interrupted; }

@@ -40,6 +40,11 @@ Recorder::Recorder(Phone& phone, RecordFile& file)
             _gesture->sets(entry);
     });
     _environment = environmentInWords(phone);
+    _whenPagesGo = phone.whenPagesGo([this] {
+        _watch.forget();
+        if (_gesture)
+            _gesture->letGo();
+    });
     _environmentListener = phone.listenToEnvironment([this] { writeEnvironment(); });
     Faults::current().setListener(
         [this](const FaultWord& fault) { write("fault " + std::string(fault.word) + '\n'); });
@@ -56,6 +61,7 @@ void Recorder::stop()
     _phone.setObserver(nullptr);
     Faults::current().setListener({});
     _phone.stopListening(_environmentListener);
+    _phone.stopTellingWhenPagesGo(_whenPagesGo);
     Journal::shared().stop(_listener);
 }
 
@@ -192,9 +198,8 @@ void Recorder::writeText(const TextCommand& command, UITextField& field)
         _gestureBegin = _file.size();
         return _file.append(_gesture->steps());
     }
-    const bool goesOn = isLast(_typing) && !command.typed.empty() && !_gesture
-        && _typedInto.lock().get() == &field && _typedAt == rectInWindow(field)
-        && _typed.size() + command.typed.size() <= longestTyped
+    const bool goesOn = isLast(_typing) && !command.typed.empty() && !_gesture && _typedInto == &field
+        && _typedAt == rectInWindow(field) && _typed.size() + command.typed.size() <= longestTyped
         && _lengthBeforeTyping + QString::fromStdString(_typed + command.typed).size()
             <= UITextField::Editor::maximumLength;
     if (goesOn) {
@@ -209,16 +214,16 @@ void Recorder::writeText(const TextCommand& command, UITextField& field)
     _typing = { begin, _file.size() };
     _typed = command.typed;
     _lengthBeforeTyping = _fieldBefore.text.size();
-    _typedInto = std::dynamic_pointer_cast<UIView>(field.weak_from_this().lock());
+    _typedInto = &field;
     _typedAt = rectInWindow(field);
 }
 
 void Recorder::writeScroll(const ScrollWatch::Change& change)
 {
-    const bool goesOn = isLast(_scrolling) && _scroller.lock() == change.scroller;
+    const bool goesOn = isLast(_scrolling) && _scroller == change.scroller.get();
     if (!goesOn) {
         _scrolling = { _file.size(), _file.size() };
-        _scroller = change.scroller;
+        _scroller = change.scroller.get();
         _scrolledFrom = change.from;
         if (_gesture && !_gesture->isScrolling())
             _gesture->interrupt();

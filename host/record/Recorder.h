@@ -58,6 +58,7 @@ private:
     RecordFile& _file;
     int _listener = 0;
     int _environmentListener = 0;
+    int _whenPagesGo = 0;
     std::vector<std::string> _environment; ///< In words, as the rules have them.
     std::string
         _releaseLater; ///< The step of a touch that was taken from its view, and means nothing any more.
@@ -70,12 +71,12 @@ private:
     OpenLine _typing;
     std::string _typed;
     qsizetype _lengthBeforeTyping = 0;
-    std::weak_ptr<platform::UIView> _typedInto;
+    const platform::UIView* _typedInto = nullptr; ///< Only to be compared.
     platform::CGRect _typedAt;
 
     ScrollWatch _watch;
     OpenLine _scrolling;
-    std::weak_ptr<platform::UIScrollView> _scroller;
+    const platform::UIScrollView* _scroller = nullptr; ///< Only to be compared.
     platform::CGPoint _scrolledFrom;
 };
 

@@ -23,6 +23,8 @@ public:
 
     /// On a settled phone. What it does not know yet has not scrolled.
     std::vector<Change> look();
+    /// Lets go of everything it knows.
+    void forget() { _known.clear(); }
 
 private:
     struct Known {
