@@ -29,6 +29,7 @@ public:
     /// Watches the bundle's folder, and Ctrl+R in the window, as soon as the window has shown its first
     /// picture: not before, as it takes some time.
     void watch(QWidget& window);
+    bool isWatching() const { return _watcher != nullptr; }
     void reload();
 
 protected:
