@@ -73,6 +73,30 @@ std::map<std::string, std::weak_ptr<NSBundle>>& loadedBundles()
     return bundles;
 }
 
+/// Of bundles that nobody holds any more.
+struct RetiredModule {
+    void* module;
+    NSBundle::CodeRange code;
+};
+std::vector<RetiredModule>& retiredModules()
+{
+    static auto* const modules = new std::vector<RetiredModule>;
+    return *modules;
+}
+
+std::vector<std::string> classesOfObjectsIn(NSBundle::CodeRange code)
+{
+    std::vector<std::string> names;
+    NSObject::_visitAll([&](const NSObject& object) {
+        // An object begins with the place of its class's functions.
+        std::uintptr_t functions = 0;
+        std::memcpy(&functions, static_cast<const void*>(&object), sizeof functions);
+        if (functions >= code.begin && functions < code.end)
+            names.push_back(object.className());
+    });
+    return names;
+}
+
 }
 
 /// What the bundle was loaded from.
@@ -163,9 +187,17 @@ NSBundle::~NSBundle()
 {
     if (!_module)
         return;
-    if (classesOfLiveObjects().empty())
-        ::dlclose(_module);
     Class::forgetClassesOfBundle(_path);
+    // Whoever knew an object weakly may still hold what the module's code has to free, so a module stays
+    // until the next one goes.
+    auto& modules = retiredModules();
+    std::erase_if(modules, [](const auto& retired) {
+        const auto canGo = classesOfObjectsIn(retired.code).empty();
+        if (canGo)
+            ::dlclose(retired.module);
+        return canGo;
+    });
+    modules.push_back({ _module, codeRange() });
 }
 
 bool NSBundle::isUpToDate() const
@@ -202,16 +234,7 @@ NSBundle::CodeRange NSBundle::codeRange() const
 
 std::vector<std::string> NSBundle::classesOfLiveObjects() const
 {
-    std::vector<std::string> names;
-    const auto module = codeRange();
-    NSObject::_visitAll([&](const NSObject& object) {
-        // An object begins with the place of its class's functions.
-        std::uintptr_t functions = 0;
-        std::memcpy(&functions, static_cast<const void*>(&object), sizeof functions);
-        if (functions >= module.begin && functions < module.end)
-            names.push_back(object.className());
-    });
-    return names;
+    return classesOfObjectsIn(codeRange());
 }
 
 bool loadPlugIn(std::string_view devicePath)

@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <elf.h>
+#include <fstream>
 #include <set>
 
 using namespace platform;
@@ -110,7 +111,38 @@ TEST_F(BundleReloadTest, KeepsTheCodeOfObjectsThatAreAlive)
     page->setTitle("Still there");
     EXPECT_EQ(page->specifiers().size(), 0u); // By the old build's table of functions.
     EXPECT_EQ(page->title(), "Still there");
+    const std::weak_ptr<PSListController> weak = page;
     page.reset();
+    EXPECT_TRUE(weak.expired());
+}
+
+TEST_F(BundleReloadTest, KeepsTheCodeThatFreesWhatAWeakLookLeaves)
+{
+    install(build1);
+    auto bundle = load();
+    std::weak_ptr<PSListController> weak = makePage(*bundle);
+    bundle.reset();
+    install(build2);
+    bundle = load();
+    EXPECT_TRUE(weak.expired());
+    weak.reset();
+    EXPECT_EQ(titleOfPage(*bundle), "Build 2");
+}
+
+TEST_F(BundleReloadTest, LetsGoOfFormerBuildsInTheEnd)
+{
+    const auto mapped = [&] {
+        int count = 0;
+        std::ifstream maps("/proc/self/maps");
+        for (std::string line; std::getline(maps, line);)
+            count += line.find("/.Build.") != std::string::npos && line.find(" r-xp ") != std::string::npos;
+        return count;
+    };
+    for (int round = 0; round < 6; ++round) {
+        install(round % 2 ? build1 : build2);
+        EXPECT_TRUE(load());
+        EXPECT_LE(mapped(), 2);
+    }
 }
 
 TEST_F(BundleReloadTest, KnowsWhereItsCodeLies)
