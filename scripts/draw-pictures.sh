@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Makes the README's pictures anew, with the driver.
+# Makes the README's pictures anew, with the driver; the inspector's, on a screen of its own, with Xvfb, xdotool and
+# python3-xlib.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 root=$(mktemp -d)
@@ -19,3 +20,5 @@ SCRIPT
 scroll 440
 shot docs/pictures/gallery.png
 SCRIPT
+# Debian's Python, as Xlib is a package of its.
+/usr/bin/python3 scripts/draw-inspector.py build/release/bin/vekora-host "$root/inspector" docs/pictures/inspector.png

@@ -44,6 +44,8 @@ void PlainDelegate::paint(
     if (const auto color = index.data(Qt::DecorationRole); color.isValid()) {
         const QRect patch(room.left(), room.center().y() - patchSide / 2, patchSide, patchSide);
         painter->fillRect(patch, color.value<QColor>());
+        painter->setPen(option.palette.color(QPalette::Mid)); // Else white would be lost on white.
+        painter->drawRect(patch.adjusted(0, 0, -1, -1));
         room.setLeft(patch.right() + 1 + margin);
     }
     const auto text = index.data().toString();

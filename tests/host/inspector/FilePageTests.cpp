@@ -103,6 +103,7 @@ protected:
     std::vector<std::string> posted;
 
     static constexpr CGPoint enabledSwitch { 334, 121 };
+    static constexpr CGPoint vekoraNow { 187, 209 };
     const std::vector<std::string> once { "net.morvane.vekora/preferences" };
 
 private:
@@ -372,4 +373,21 @@ TEST_F(InspectorFilePage, ShowsThePageWhatWasStoredWhenItAppearsAgain)
     press("reload");
     phone().settle();
     EXPECT_EQ(phone().window().picture().at(300, 490), 0xFF00FF00);
+}
+
+TEST_F(InspectorFilePage, ShowsThatAButtonOfThePageStoresItsOlderCopy)
+{
+    add("late", "boolean", "true");
+    tap(vekoraNow);
+    EXPECT_FALSE(stored().contains("late"));
+    EXPECT_EQ(change("late"), "removed");
+    EXPECT_EQ(change("disarmedUntil"), "added");
+}
+
+TEST_F(InspectorFilePage, LosesNothingWhenThePageAppearsAgainFirst)
+{
+    add("late", "boolean", "true");
+    press("reload");
+    tap(vekoraNow);
+    EXPECT_TRUE(stored().contains("late"));
 }
