@@ -3,6 +3,7 @@
 #include "tests/host/Conversation.h"
 
 #include <gtest/gtest.h>
+#include <ranges>
 
 using namespace platform;
 
@@ -15,26 +16,27 @@ struct Case {
     QStringList reasons; ///< What the linter says, in order.
 };
 
-/// Of the row by itself, in second place on a page.
-QStringList reasonsFor(const PropertyList& row)
-{
-    LintBundle bundle;
-    bundle.setRow(row);
-    auto lines = bundle.findings();
-    for (auto& line : lines) {
-        EXPECT_TRUE(line.startsWith("Root.plist: row 2")) << line.toStdString();
-        line = line.section(": ", 2);
-        EXPECT_TRUE(line.endsWith('.')) << line.toStdString();
-        line.chop(1);
-    }
-    return lines;
-}
-
+/// All on one page, each with a key of its own where it has any, so that none says anything of another.
 void expectAll(const std::vector<Case>& cases)
 {
+    PropertyArray rows;
+    for (auto row : std::views::transform(cases, &Case::row)) {
+        if (const auto key = row.find("key"); key != row.end())
+            key->second = *key->second.string() + std::to_string(rows.size());
+        rows.emplace_back(std::move(row));
+    }
+    LintBundle bundle;
+    bundle.setRows(std::move(rows));
+    std::vector<QStringList> reasons(cases.size());
+    for (const auto& line : bundle.findings()) {
+        const auto number = line.section(' ', 2, 2).remove(':').toUInt();
+        ASSERT_TRUE(line.startsWith("Root.plist: row ") && line.endsWith('.') && number >= 1
+            && number <= cases.size())
+            << line.toStdString();
+        reasons[number - 1] << line.section(": ", 2).chopped(1);
+    }
     for (std::size_t index = 0; index < cases.size(); ++index)
-        EXPECT_EQ(reasonsFor(cases[index].row).join('\n'), cases[index].reasons.join('\n'))
-            << "case " << index;
+        EXPECT_EQ(reasons[index].join('\n'), cases[index].reasons.join('\n')) << "case " << index;
 }
 
 PropertyList with(PropertyList row, std::initializer_list<std::pair<const char*, PropertyValue>> more)
@@ -65,13 +67,18 @@ const PropertyList field { { "cell", "PSEditTextCell" }, { "label", "Name" }, { 
 
 TEST(LintRow, SaysNothingOfWholeRows)
 {
-    for (const auto& row :
-        { button, link, flag, slider, segments, choice, field,
-            PropertyList { { "cell", "PSStaticTextCell" }, { "label", "Text" } },
-            PropertyList {
-                { "cell", "PSTitleValueCell" }, { "label", "Value" }, { "get", "readPreferenceValue:" } },
-            PropertyList { { "cell", "PSStaticTextCell" }, { "cellClass", "LintCell" }, { "whatever", 1 } } })
-        EXPECT_EQ(reasonsFor(row).join('\n'), QString());
+    expectAll({
+        { button, {} },
+        { link, {} },
+        { flag, {} },
+        { slider, {} },
+        { segments, {} },
+        { choice, {} },
+        { field, {} },
+        { { { "cell", "PSStaticTextCell" }, { "label", "Text" } }, {} },
+        { { { "cell", "PSTitleValueCell" }, { "label", "Value" }, { "get", "readPreferenceValue:" } }, {} },
+        { { { "cell", "PSStaticTextCell" }, { "cellClass", "LintCell" }, { "whatever", 1 } }, {} },
+    });
 }
 
 TEST(LintRow, NamesTheRowByNumberLabelAndCell)
