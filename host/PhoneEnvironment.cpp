@@ -137,11 +137,11 @@ void Phone::environmentDidChange() const
 {
     // A listener may come or go meanwhile.
     const auto listeners = _listeners;
-    for (const auto& [number, listener] : listeners) {
-        const auto isThere = std::any_of(
-            _listeners.begin(), _listeners.end(), [&](const auto& known) { return known.first == number; });
+    for (const auto& told : listeners) {
+        const auto isThere = std::any_of(_listeners.begin(), _listeners.end(),
+            [&](const auto& known) { return known.first == told.first; });
         if (isThere)
-            listener();
+            told.second();
     }
 }
 

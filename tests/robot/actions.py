@@ -36,6 +36,7 @@ class Actions:
         self.tab = 40
         self.broken = False
         self.faulty = False
+        self.crashes = 0
 
     # The phone.
 
@@ -268,7 +269,8 @@ class Actions:
 
     def swap_bundle(self):
         good, target = self.folders.good, self.folders.bundle
-        kind = self.chance.choice(["good", "good", "half module", "no module", "half list", "no folder"])
+        kind = self.chance.choice(["good", "good", "half module", "no module", "half list", "no folder",
+                                   "crash"])
         module, info = os.path.join(target, "Vekora"), os.path.join(target, "Info.plist")
         self.hand.events += 1
         shutil.rmtree(target, ignore_errors=True)
@@ -283,6 +285,14 @@ class Actions:
             os.truncate(module, os.path.getsize(module) // 2)
         elif kind == "no module":
             os.remove(module)
+        elif kind == "crash":
+            self.crashes += 1
+            shutil.copyfile(self.folders.crasher, module)
+            self.hand.wait_for_start_anew("Vekora")
+            # Whoever tries again now gets the same again.
+            self.hand.key("Escape")
+            self.hand.wheel(*self.anywhere(), 3)
+            self.mend_bundle()
         elif kind == "half list":
             os.truncate(info, os.path.getsize(info) // 2)
         self.hand.sync()

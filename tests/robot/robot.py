@@ -2,7 +2,8 @@
 """Uses the real window through X events, by chance but reproducibly, for a number of events. The program must stay
 alive and answer, say nothing on standard error, keep the preference file whole but for faults that were asked for, and
 end with status 0. Usage:
-robot.py PROGRAM BUNDLE EVENTS [SEED]; ROBOT_SEED in the environment counts before SEED"""
+robot.py PROGRAM BUNDLE CRASHER EVENTS [SEED]; CRASHER is a module that crashes when it is loaded, and ROBOT_SEED in the
+environment counts before SEED"""
 
 import collections
 import os
@@ -19,14 +20,15 @@ from looks import PreferenceLooks
 from screen import Failure, Hand, private_folders, start_screen
 
 FILE = "private/var/mobile/Library/Preferences/net.morvane.vekora.plist"
-# What is said of a bundle that can't be opened, which the robot sees to from time to time.
-OF_BUNDLES = re.compile(r"^(There is no (such file|folder|Info\.plist)|.*Vekora\.bundle)")
+# What is said of a bundle that can't be opened or crashes, which the robot sees to from time to time.
+OF_BUNDLES = re.compile(r"^There is no (such file|folder|Info\.plist)|^.*Vekora\.bundle(?!.* crashed)")
+CRASH = re.compile(r"^Vekora\.bundle crashed: ")
 
-Folders = collections.namedtuple("Folders", "good bundle inspector")
+Folders = collections.namedtuple("Folders", "good bundle crasher inspector")
 
 
 class Robot:
-    def __init__(self, program, bundle, events, seed, scratch, address):
+    def __init__(self, program, bundle, crasher, events, seed, scratch, address):
         self.events = events
         self.seed = seed
         self.scratch = scratch
@@ -38,7 +40,7 @@ class Robot:
         self.provide_opener()
         good = os.path.join(scratch, "good", "Vekora.bundle")
         shutil.copytree(bundle, good)
-        self.folders = Folders(good, os.path.join(scratch, "build", "Vekora.bundle"),
+        self.folders = Folders(good, os.path.join(scratch, "build", "Vekora.bundle"), crasher,
                                os.path.join(self.environment["XDG_CONFIG_HOME"], "vekora", "inspector.ini"))
         shutil.copytree(good, self.folders.bundle)
         root = os.path.join(scratch, "root")
@@ -47,6 +49,7 @@ class Robot:
                         "--timezone", "UTC", "--scale", "1"]
         self.errors_path = os.path.join(scratch, "errors")
         self.process = None
+        self.actions = None
 
     def provide_opener(self):
         """For whoever opens a file in the user's program: there is one, and it does nothing."""
@@ -171,14 +174,19 @@ class Robot:
 
     def check_errors(self):
         with open(self.errors_path, encoding="utf-8", errors="replace") as file:
-            lines = [line for line in file.read().splitlines() if not OF_BUNDLES.match(line)]
+            said = file.read().splitlines()
+        crashes = sum(bool(CRASH.match(line)) for line in said)
+        if crashes > self.actions.crashes if self.actions else crashes:
+            raise Failure("A bundle crashed that should not:\n" + "\n".join(filter(CRASH.match, said)))
+        lines = [line for line in said if not OF_BUNDLES.match(line) and not CRASH.match(line)]
         if lines:
             raise Failure("The program said:\n" + "\n".join(lines[:200]))
 
 
 def main():
-    program, bundle, events = sys.argv[1], sys.argv[2], int(sys.argv[3])
-    given = os.environ.get("ROBOT_SEED") or (sys.argv[4] if len(sys.argv) > 4 else "")
+    program, bundle, crasher = (os.path.abspath(path) for path in sys.argv[1:4])
+    events = int(sys.argv[4])
+    given = os.environ.get("ROBOT_SEED") or (sys.argv[5] if len(sys.argv) > 5 else "")
     seed = int(given) if given else random.SystemRandom().randrange(10**6)
     print(f"Seed {seed}", flush=True)
     with tempfile.TemporaryDirectory() as scratch:
@@ -187,8 +195,7 @@ def main():
                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         robot = None
         try:
-            robot = Robot(os.path.abspath(program), os.path.abspath(bundle), events, seed, scratch,
-                          bus.stdout.readline().strip())
+            robot = Robot(program, bundle, crasher, events, seed, scratch, bus.stdout.readline().strip())
             robot.run(screen)
         except Failure as failure:
             done = " ".join(robot.done) if robot else ""

@@ -53,9 +53,15 @@ class Hand:
                 if title in (child.get_wm_name() or ""):
                     self.window = child
             if not self.window:
-                self.handle_events(lambda got: got.type == X.MapNotify)
+                self.handle_events(lambda got: got.type in (X.MapNotify, X.PropertyNotify))
         self.focus()
         self.sync()
+
+    def wait_for_start_anew(self, title):
+        """Until the program has gone down and come back, be it with a window of the same number."""
+        self.handle_events(lambda got: got.type == X.DestroyNotify and got.window.id == self.window.id)
+        self.window = None
+        self.wait_for_window(title)
 
     def top_levels(self):
         """Windows that a window manager would manage, topmost last."""
