@@ -1,5 +1,6 @@
 #include "PhoneView.h"
 
+#include "access/AccessibleScreen.h"
 #include "access/ElementTree.h"
 #include "platform/Device.h"
 #include "platform/qt/TextEditor.h"
@@ -44,6 +45,7 @@ PhoneView::PhoneView(Phone& phone, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_InputMethodEnabled);
     updateSmallestSize();
+    AccessibleScreen::install();
     _clock.start();
     _refresh.setSingleShot(true);
     _glide.setInterval(frameInterval);
@@ -119,12 +121,28 @@ KeyboardFocus& PhoneView::keyboardFocus()
     return *_focus;
 }
 
+AccessibleScreen& PhoneView::accessibleScreen()
+{
+    if (!_accessibleScreen)
+        _accessibleScreen = std::make_unique<AccessibleScreen>(*this);
+    return *_accessibleScreen;
+}
+
+void PhoneView::focusElement(const ElementId& id)
+{
+    setFocus();
+    keyboardFocus().moveTo(id);
+    followChanges();
+}
+
 void PhoneView::followChanges()
 {
-    if (!_focus)
-        return;
-    _focus->follow();
-    placeRing();
+    if (_focus) {
+        _focus->follow();
+        placeRing();
+    }
+    if (_accessibleScreen && QAccessible::isActive())
+        _accessibleScreen->tellChanges();
 }
 
 void PhoneView::placeRing()
@@ -269,7 +287,8 @@ void PhoneView::keyPressEvent(QKeyEvent* event)
     _glide.stop();
     _isLeft = false; // Keys may come without the focus where nobody manages windows.
     const bool isUsed = keyboardFocus().keyPress(*event);
-    placeRing();
+    if (isUsed)
+        followChanges();
     if (isUsed || sendKeyToWindow(_phone.window(), *event))
         return;
     if (event->key() == Qt::Key_Escape && !UIAlertView::topmost()) {

@@ -16,6 +16,8 @@ class UIScrollView;
 
 namespace host {
 
+class AccessibleScreen;
+
 /// Shows a phone's window pixel for pixel, and hands it the mouse as a finger, the wheel, keys and input
 /// methods. The keyboard alone will do: a ring shows what it is at (access/KeyboardFocus.h). Only what
 /// changed is drawn, and nothing runs while nothing happens. Resizing it resizes the phone's screen.
@@ -42,6 +44,9 @@ public:
     /// What the keyboard and assistive technologies see of the phone; made when the first of them asks.
     Screen& screen();
     KeyboardFocus& keyboardFocus();
+    AccessibleScreen& accessibleScreen();
+    /// Brings the keyboard to the element, ring and all.
+    void focusElement(const ElementId&);
     /// From points of the phone to this widget.
     QRectF rectFor(platform::CGRect) const;
 
@@ -79,6 +84,7 @@ private:
     std::optional<platform::CGRect> _highlight;
     std::unique_ptr<Screen> _screen;
     std::unique_ptr<KeyboardFocus> _focus;
+    std::unique_ptr<AccessibleScreen> _accessibleScreen;
     FocusRing _ring;
     bool _isLeft = false; ///< The keyboard is somewhere else.
 };

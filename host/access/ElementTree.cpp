@@ -80,7 +80,7 @@ CGRect rectOfSegment(const UISegmentedControl& segments, int index)
 Element readScreen(UIWindow& window, UINavigationController& navigation)
 {
     Element root;
-    root.id.role = ElementRole::Group;
+    root.id = { WeakObject(&window), ElementRole::Group };
     root.rect = window.bounds();
     if (auto* const alert = UIAlertView::topmost(); alert && alert->window() == &window) {
         root.children.push_back(readAlert(*alert));

@@ -48,6 +48,11 @@ KeyboardFocus::KeyboardFocus(Screen& screen)
 {
 }
 
+const Element* KeyboardFocus::keysGoTo()
+{
+    return _screen.phone().window().firstResponder() ? current() : element();
+}
+
 void KeyboardFocus::hide(CGPoint touched)
 {
     _isShown = false;

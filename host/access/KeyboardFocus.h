@@ -30,6 +30,9 @@ public:
     /// Without its children; null while it is hidden.
     const Element* element() const { return _isShown && _at && _at->id.get() ? &*_at : nullptr; }
 
+    /// The text that is being edited, else `element()`.
+    const Element* keysGoTo();
+
 private:
     struct Place {
         platform::WeakObject context;
