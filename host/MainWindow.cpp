@@ -76,13 +76,16 @@ MainWindow::MainWindow(Phone& phone)
     layOut();
     _toggle->setFont(_last->font());
     _last->setText(QStringLiteral("Nothing written or posted yet"));
-    _toggle->setText(presentToggleText());
+    showToggle(presentToggleText());
     _view->setFocus();
     auto* const quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this);
     connect(quit, &QShortcut::activated, this, &QWidget::close);
     auto* const showOrHide = new QShortcut(this);
     showOrHide->setKeys({ QKeySequence(Qt::CTRL | Qt::Key_I), QKeySequence(Qt::Key_F12) });
     connect(showOrHide, &QShortcut::activated, this, [this] { setInspectorShown(!inspectorIsShown()); });
+    auto* const otherPanel = new QShortcut(this);
+    otherPanel->setKeys({ QKeySequence(Qt::Key_F6), QKeySequence(Qt::CTRL | Qt::Key_Tab) });
+    connect(otherPanel, &QShortcut::activated, this, &MainWindow::switchPanel);
     connect(_inspectorButton, &QToolButton::clicked, this, &MainWindow::setInspectorShown);
     showLastInspector();
     _environmentListener = _phone.listenToEnvironment([this] { showEnvironment(); });
@@ -90,7 +93,7 @@ MainWindow::MainWindow(Phone& phone)
         if (const auto text = textFor(entry); !text.isEmpty())
             _last->setText(text);
         if (entry.kind == JournalEntry::Kind::Toggle)
-            _toggle->setText(toggleText(entry.state != 0));
+            showToggle(toggleText(entry.state != 0));
     });
 }
 
@@ -157,6 +160,7 @@ void MainWindow::setInspectorShown(bool isShown)
         _inspector = new Inspector(_phone, *_view, this);
         _splitter->addWidget(_inspector);
         _splitter->setStretchFactor(1, 1); // What the window gains or loses otherwise is the inspector's.
+        _splitter->handle(1)->setAccessibleName(QStringLiteral("Divider"));
     }
     if (isShown) {
         _inspector->show();
@@ -177,9 +181,34 @@ void MainWindow::setInspectorShown(bool isShown)
     rememberInspector();
 }
 
+void MainWindow::showToggle(const QString& text)
+{
+    _toggle->setText(text);
+    _toggle->setVisible(!text.isEmpty());
+}
+
+void MainWindow::switchPanel()
+{
+    const bool isInPhone = _view->hasFocus();
+    if (!isInPhone || !inspectorIsShown()) {
+        _view->setFocus(Qt::ShortcutFocusReason);
+        return;
+    }
+    // Where it was last, else the first that takes keys.
+    auto* target = _inspector->focusWidget();
+    for (auto* next = _inspector->nextInFocusChain(); !target && next != _inspector;
+         next = next->nextInFocusChain()) {
+        if (_inspector->isAncestorOf(next) && next->isVisible() && next->isEnabled()
+            && (next->focusPolicy() & Qt::TabFocus))
+            target = next;
+    }
+    if (target)
+        target->setFocus(Qt::ShortcutFocusReason);
+}
+
 void MainWindow::showEnvironment()
 {
-    _toggle->setText(presentToggleText());
+    showToggle(presentToggleText());
     if (!_view->showsWholeScreen())
         fitPhone();
 }

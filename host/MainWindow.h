@@ -34,6 +34,9 @@ private:
     void layOut();
     void showLastInspector();
     void rememberInspector() const;
+    void showToggle(const QString&);
+    /// Takes the keyboard from the phone to the inspector and back.
+    void switchPanel();
     void showEnvironment();
     void fitPhone();
 

@@ -191,6 +191,7 @@ void EnvironmentPage::addChoice(QFormLayout& form, const Control& control)
     });
     if (control.kind == Control::Kind::Open) {
         box->setEditable(true);
+        box->lineEdit()->setAccessibleName(box->accessibleName());
         box->setInsertPolicy(QComboBox::NoInsert);
         box->setCompleter(nullptr); // A word that is typed is meant as it stands.
         connect(box->lineEdit(), &QLineEdit::returnPressed, this,

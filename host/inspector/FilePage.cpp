@@ -25,6 +25,7 @@ namespace {
 QTableView* makeTable(QAbstractItemModel* model, QWidget* parent)
 {
     auto* const table = makePlainTable(model, parent);
+    table->setAccessibleName(QStringLiteral("Preference file"));
     table->setItemDelegateForColumn(FileModel::ValueColumn, new ValueDelegate(table));
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
@@ -80,7 +81,9 @@ QWidget* FilePage::makeAddition()
     _newKey = new QLineEdit(addition);
     _newKey->setObjectName(QStringLiteral("newKey"));
     _newKey->setPlaceholderText(QStringLiteral("New key"));
+    _newKey->setAccessibleName(QStringLiteral("New key"));
     _newType = new QComboBox(addition);
+    _newType->setAccessibleName(QStringLiteral("Kind of the new value"));
     _newType->setObjectName(QStringLiteral("newType"));
     for (const auto name : typeNames())
         _newType->addItem(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
@@ -88,6 +91,7 @@ QWidget* FilePage::makeAddition()
     _newValue = new QLineEdit(addition);
     _newValue->setObjectName(QStringLiteral("newValue"));
     _newValue->setPlaceholderText(QStringLiteral("Value"));
+    _newValue->setAccessibleName(QStringLiteral("New value"));
     row->addWidget(_newKey, 3);
     row->addWidget(_newType);
     row->addWidget(_newValue, 4);

@@ -29,6 +29,7 @@ QTableView* makeTable(QAbstractItemModel* model, QWidget* parent)
 {
     auto* const table = makePlainTable(model, parent);
     table->setItemDelegate(new PlainDelegate(table));
+    table->setAccessibleName(QStringLiteral("Timeline"));
     table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -91,6 +92,7 @@ QWidget* TimelinePage::makeFilter()
     _text = new QLineEdit(filters);
     _text->setObjectName(QStringLiteral("text"));
     _text->setPlaceholderText(QStringLiteral("Filter"));
+    _text->setAccessibleName(QStringLiteral("Filter"));
     _text->setClearButtonEnabled(true);
     row->addSpacing(4);
     row->addWidget(_text, 1);

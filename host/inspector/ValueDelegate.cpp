@@ -11,9 +11,13 @@ QWidget* ValueDelegate::createEditor(
     QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
 {
     const auto type = index.siblingAtColumn(FileModel::TypeColumn).data().toString();
-    if (type != QLatin1String("boolean"))
-        return new QLineEdit(parent);
+    if (type != QLatin1String("boolean")) {
+        auto* const line = new QLineEdit(parent);
+        line->setAccessibleName(QStringLiteral("Value"));
+        return line;
+    }
     auto* const choice = new QComboBox(parent);
+    choice->setAccessibleName(QStringLiteral("Value"));
     choice->addItems({ QStringLiteral("true"), QStringLiteral("false") });
     // A choice is the whole edit.
     auto* const self = const_cast<ValueDelegate*>(this);

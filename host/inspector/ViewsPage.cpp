@@ -63,6 +63,7 @@ ViewsPage::~ViewsPage()
 QTreeView* ViewsPage::makeTree()
 {
     auto* const tree = new QTreeView(this);
+    tree->setAccessibleName(QStringLiteral("Views"));
     tree->setModel(_model);
     tree->setItemDelegate(new PlainDelegate(tree));
     tree->setUniformRowHeights(true);
