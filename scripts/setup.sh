@@ -9,8 +9,8 @@ packages_run=(
 )
 # shellcheck disable=SC2034
 packages_test=("${packages_run[@]}"
-    clang clang-format desktop-file-utils dpkg-dev file libclang-rt-14-dev libgtest-dev python3-xlib strace xdotool
-    xvfb
+    at-spi2-core clang clang-format desktop-file-utils dpkg-dev file gir1.2-atspi-2.0 libclang-rt-14-dev
+    libgtest-dev python3-gi python3-xlib strace xdotool xvfb
 )
 # shellcheck disable=SC2034
 packages_bench=("${packages_run[@]}"
