@@ -18,14 +18,14 @@ class PreferenceLooks:
         self.may_vanish = True  # It is not there before the first start.
         self.may_be_halved = False
         self.content = None
-        self.halves = collections.deque(maxlen=8)  # Of the latest versions.
+        self.whole = collections.deque(maxlen=8)  # The latest versions.
         self.entries = {}
 
     def expect_no_fault(self):
         """What follows is none: a file that is whole stays so, and one that is there stays."""
         if self.content is not None:
             self.may_vanish = False
-            self.may_be_halved = self.content in self.halves
+            self.may_be_halved = self.entries is None
 
     def look(self):
         self.count += 1
@@ -44,7 +44,7 @@ class PreferenceLooks:
         try:
             entries = plistlib.loads(content)
         except Exception:
-            if not self.may_be_halved or content not in self.halves:
+            if not self.may_be_halved or not self.is_halved(content):
                 raise Failure(f"The preference file holds {content!r}, which is no property list.") from None
             self.halved += 1
             entries = None
@@ -53,4 +53,10 @@ class PreferenceLooks:
         self.versions += 1
         self.content = content
         self.entries = entries
-        self.halves.append(content[:len(content) // 2])
+        if entries is not None:
+            self.whole.append(content)
+
+    def is_halved(self, content):
+        """Once, or more often by as many clicks."""
+        return any(whole.startswith(content) and len(content) in (len(whole) >> times for times in range(1, 10))
+                   for whole in self.whole)
