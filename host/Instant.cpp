@@ -187,7 +187,7 @@ std::string textFromInstant(platform::NSDate date, std::string_view timeZone)
 {
     const auto offset = static_cast<std::int64_t>(
         platform::offsetAtInstant(timeZone, date.timeIntervalSinceReferenceDate()));
-    const auto text = wallTimeText(date, offset);
+    auto text = wallTimeText(date, offset);
     if (text.empty())
         return text;
     char suffix[16];

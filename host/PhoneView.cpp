@@ -312,7 +312,7 @@ QVariant PhoneView::inputMethodQuery(Qt::InputMethodQuery query) const
     auto* const field = _phone.window().firstResponder();
     if (!field)
         return query == Qt::ImEnabled ? QVariant(false) : QWidget::inputMethodQuery(query);
-    const auto answer = field->editor().inputMethodQuery(query);
+    auto answer = field->editor().inputMethodQuery(query);
     if (answer.typeId() != QMetaType::QRectF && answer.typeId() != QMetaType::QRect)
         return answer;
     // Rectangles come in the field's points.

@@ -47,6 +47,7 @@ bool isTitle(const UILabel& label, const UIButton& button)
 std::string joined(const std::vector<const UILabel*>& labels)
 {
     std::vector<CGRect> frames;
+    frames.reserve(labels.size());
     for (const auto* label : labels)
         frames.push_back(label->frame());
     const auto direction
@@ -76,7 +77,7 @@ bool isShownItself(const UIView& view)
     return !view.isHidden() && view.alpha() >= leastAlpha;
 }
 
-std::string spokenText(std::string text)
+std::string spokenText(const std::string& text)
 {
     auto spoken = QString::fromStdString(text);
     spoken.removeIf([](QChar character) { return character.category() == QChar::Other_Format; });

@@ -15,7 +15,7 @@ namespace host {
 bool isShownItself(const platform::UIView&);
 
 /// A text as it is read out: without the marks that steer the direction of writing, and trimmed.
-std::string spokenText(std::string);
+std::string spokenText(const std::string&);
 
 /// The label's text is what an untitled button beside it, which lies over it, is known by.
 bool isCoveredByButton(const platform::UILabel&);
