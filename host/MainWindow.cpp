@@ -14,6 +14,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace host {
 
 using namespace platform;
@@ -153,23 +155,41 @@ void MainWindow::setInspectorShown(bool isShown)
     _inspectorButton->setChecked(isShown);
     if (isShown == inspectorIsShown())
         return;
-    // The phone's width is held while the window gets another; else the screen's size would change twice.
-    const auto phone = isVisible() ? _phoneSide->width() : width();
-    _phoneSide->setFixedWidth(phone);
     if (isShown && !_inspector) {
         _inspector = new Inspector(_phone, *_view, this);
+        _inspector->hide();
         _splitter->addWidget(_inspector);
         _splitter->setStretchFactor(1, 1); // What the window gains or loses otherwise is the inspector's.
         _splitter->handle(1)->setAccessibleName(QStringLiteral("Divider"));
     }
-    if (isShown) {
-        _inspector->show();
-        resize(phone + _splitter->handleWidth() + _inspectorWidth, height());
-        _splitter->setSizes({ phone, _inspectorWidth });
-    } else {
+    if (!isShown && _inspector->isAncestorOf(focusWidget()))
+        _view->setFocus();
+    if (!isShown)
         _inspectorWidth = _inspector->width();
-        if (_inspector->isAncestorOf(focusWidget()))
-            _view->setFocus();
+    if (isMaximized() || isFullScreen()) {
+        _inspector->setVisible(isShown);
+        _splitter->setSizes({ width() - _splitter->handleWidth() - _inspectorWidth, _inspectorWidth });
+    } else {
+        changeWidth(isShown);
+    }
+    rememberInspector();
+}
+
+void MainWindow::changeWidth(bool showInspector)
+{
+    // The phone's width is held while the window gets another; else the screen's size would change twice.
+    const auto phone = isVisible() ? _phoneSide->width() : width();
+    const auto available = screen()->availableGeometry();
+    _phoneSide->setFixedWidth(phone);
+    if (showInspector) {
+        const auto room = available.width() - phone - _splitter->handleWidth();
+        const auto inspector = std::max(std::min(_inspectorWidth, room), Inspector::smallestWidth);
+        _inspector->show();
+        resize(phone + _splitter->handleWidth() + inspector, height());
+        _splitter->setSizes({ phone, inspector });
+        if (const auto beyond = frameGeometry().right() - available.right(); isVisible() && beyond > 0)
+            move(std::max(available.left(), x() - beyond), y());
+    } else {
         _inspector->hide();
         // Else the window could not become narrower than both.
         _splitter->refresh();
@@ -178,7 +198,6 @@ void MainWindow::setInspectorShown(bool isShown)
     }
     _phoneSide->setMinimumWidth(0); // Its own layout's then counts again.
     _phoneSide->setMaximumWidth(QWIDGETSIZE_MAX);
-    rememberInspector();
 }
 
 void MainWindow::showToggle(const QString& text)

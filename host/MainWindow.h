@@ -33,6 +33,7 @@ public:
 private:
     void layOut();
     void showLastInspector();
+    void changeWidth(bool showInspector);
     void rememberInspector() const;
     void showToggle(const QString&);
     /// Takes the keyboard from the phone to the inspector and back.

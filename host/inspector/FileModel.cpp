@@ -37,10 +37,18 @@ QString lineOf(const PropertyValue& value)
 
 FileModel::FileModel(PropertyList entries, QObject* parent)
     : QAbstractTableModel(parent)
-    , _entries(std::move(entries))
 {
+    restart(std::move(entries));
+}
+
+void FileModel::restart(PropertyList entries)
+{
+    beginResetModel();
+    _entries = std::move(entries);
+    _rows.clear();
     for (const auto& [key, value] : _entries)
         _rows.push_back({ .key = key, .value = value });
+    endResetModel();
 }
 
 std::vector<FileModel::Row> FileModel::rowsFor(const PropertyList& present) const

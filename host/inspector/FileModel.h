@@ -19,6 +19,8 @@ public:
 
     /// Without a mark.
     explicit FileModel(platform::PropertyList entries, QObject* parent = nullptr);
+    /// Begins anew with another dictionary, without a mark.
+    void restart(platform::PropertyList entries);
 
     /// Takes over another state and marks what differs from the one before. Only rows that differ, or lose
     /// their mark, are told of.

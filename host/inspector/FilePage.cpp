@@ -4,6 +4,7 @@
 #include "host/Phone.h"
 #include "host/PreferenceFile.h"
 #include "PageParts.h"
+#include "platform/Journal.h"
 #include "platform/qt/DeviceFiles.h"
 #include "ValueDelegate.h"
 #include "ValueText.h"
@@ -43,9 +44,11 @@ QTableView* makeTable(QAbstractItemModel* model, QWidget* parent)
 FilePage::FilePage(Phone& phone, QWidget* parent)
     : QWidget(parent)
     , _phone(phone)
-    , _watch(preferenceFile(), [this](const PreferenceState& state) { show(state); })
+    , _path(preferenceFile())
+    , _watch(_path, [this](const PreferenceState& state) { show(state); })
     , _model(new FileModel(_watch.state().entries, this))
     , _table(makeTable(_model, this))
+    , _pathLine(new Line(this))
     , _state(new Line(this, Qt::ElideRight))
     , _message(new QLabel(this))
     , _opener([](const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); })
@@ -55,11 +58,11 @@ FilePage::FilePage(Phone& phone, QWidget* parent)
     _message->setWordWrap(true);
     _message->hide();
     _state->setObjectName(QStringLiteral("state"));
-    auto* const path = new Line(this);
-    path->setText(QString::fromStdString(_watch.devicePath()));
+    _pathLine->setText(QString::fromStdString(_watch.devicePath()));
+    _pathLine->setObjectName(QStringLiteral("path"));
 
     auto* const column = new QVBoxLayout(this);
-    column->addWidget(path);
+    column->addWidget(_pathLine);
     column->addWidget(_state);
     column->addWidget(_table, 1);
     column->addWidget(_message);
@@ -71,6 +74,25 @@ FilePage::FilePage(Phone& phone, QWidget* parent)
     deletion->setContext(Qt::WidgetShortcut);
     connect(deletion, &QShortcut::activated, this, &FilePage::removeSelected);
     connect(_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &FilePage::enableButtons);
+    show(_watch.state());
+    _listener = Journal::shared().listen([this](const JournalEntry& entry) {
+        if (entry.kind == JournalEntry::Kind::Display && preferenceFile() != _path)
+            followPath();
+    });
+}
+
+FilePage::~FilePage()
+{
+    Journal::shared().stop(_listener);
+}
+
+void FilePage::followPath()
+{
+    _path = preferenceFile();
+    _watch.setDevicePath(_path);
+    _pathLine->setText(QString::fromStdString(_watch.devicePath()));
+    _model->restart(_watch.state().entries);
+    tell({});
     show(_watch.state());
 }
 

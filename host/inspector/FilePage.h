@@ -23,6 +23,7 @@ class Phone;
 class FilePage final : public QWidget {
 public:
     FilePage(Phone&, QWidget* parent);
+    ~FilePage() override;
 
     /// Opens a file of this machine with the user's program for it, and answers whether there is one.
     using Opener = std::function<bool(const QString& path)>;
@@ -32,6 +33,8 @@ private:
     QWidget* makeAddition();
     QWidget* makeButtons();
     QWidget* makeQuestion();
+    /// Another bundle, or build of it, may keep its values elsewhere.
+    void followPath();
     void show(const PreferenceState&);
     void tell(const std::string& sentence);
     void enableButtons();
@@ -44,9 +47,11 @@ private:
     void reloadPage();
 
     Phone& _phone;
+    std::string _path; ///< Of `preferenceFile` when it was last asked.
     PreferenceWatch _watch;
     FileModel* _model;
     QTableView* _table;
+    Line* _pathLine;
     Line* _state;
     QLabel* _message;
     QLineEdit* _newKey;
@@ -56,6 +61,7 @@ private:
     QWidget* _buttons;
     QWidget* _question;
     Opener _opener;
+    int _listener;
 };
 
 }

@@ -32,6 +32,15 @@ PreferenceWatch::~PreferenceWatch()
     Journal::shared().stop(_journal);
 }
 
+void PreferenceWatch::setDevicePath(std::string_view devicePath)
+{
+    if (const auto old = _watcher.files() + _watcher.directories(); !old.isEmpty())
+        _watcher.removePaths(old);
+    _devicePath = reportedPath(devicePath);
+    watchFiles();
+    _state = PreferenceState::ofFile(_devicePath);
+}
+
 void PreferenceWatch::watchFiles()
 {
     const auto folder = _devicePath.substr(0, _devicePath.rfind('/'));

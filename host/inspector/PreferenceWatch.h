@@ -21,6 +21,8 @@ public:
     PreferenceWatch& operator=(const PreferenceWatch&) = delete;
 
     const std::string& devicePath() const { return _devicePath; }
+    /// Follows another file from now on. Nobody is told.
+    void setDevicePath(std::string_view);
     const PreferenceState& state() const { return _state; }
     /// Looks without being told.
     void look();

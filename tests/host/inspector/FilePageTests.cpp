@@ -1,6 +1,7 @@
 #include "host/inspector/FilePage.h"
 
 #include "host/inspector/Inspector.h"
+#include "host/PreferenceFile.h"
 #include "platform/Journal.h"
 #include "platform/NSMutableDictionary.h"
 #include "WindowTest.h"
@@ -390,4 +391,21 @@ TEST_F(InspectorFilePage, LosesNothingWhenThePageAppearsAgainFirst)
     press("reload");
     tap(vekoraNow);
     EXPECT_TRUE(stored().contains("late"));
+}
+
+TEST_F(InspectorFilePage, FollowsTheBundleToAnotherFile)
+{
+    const auto other = preferences().parent_path() / "org.example.other.plist";
+    writeTestFile(other, "<plist version=\"1.0\"><dict><key>a</key><integer>1</integer></dict></plist>");
+    host::setPreferenceDomain("org.example.other");
+    tap(enabledSwitch);
+    EXPECT_EQ(rows(), QStringList { "a integer 1" });
+    EXPECT_EQ(change("a"), "");
+    EXPECT_TRUE(child<QWidget>("path")->toolTip().endsWith("/org.example.other.plist"));
+    posted.clear();
+    edit("a", "2");
+    EXPECT_EQ(posted, (std::vector<std::string> { "org.example.other/preferences" }));
+    writeTestFile(other, "<plist version=\"1.0\"><dict><key>b</key><true/></dict></plist>");
+    EXPECT_TRUE(waitUntil([&] { return value("b") == "true"; }));
+    host::setPreferenceDomain("");
 }

@@ -5,6 +5,8 @@
 #include "WindowTest.h"
 
 #include <QApplication>
+#include <QScreen>
+#include <QSplitter>
 #include <QToolButton>
 #include <QtTest/QTest>
 
@@ -16,6 +18,13 @@ class InspectorPanel : public WindowTest {
 protected:
     /// Of the phone in the window, in points, as the pane sees it.
     static CGSize screen() { return Device::current().screenSize; }
+
+    /// Of the inspector, when so much is wanted on the tests' screen, which is rather small.
+    int widthOf(int wanted)
+    {
+        const auto handle = window().findChild<QSplitter*>()->handleWidth();
+        return std::min(wanted, window().screen()->availableGeometry().width() - 375 - handle);
+    }
 
     static constexpr CGSize usual { 375, 667 };
 };
@@ -48,7 +57,7 @@ TEST_F(InspectorPanel, WidensTheWindowAndLeavesThePhoneItsSize)
         QCoreApplication::processEvents();
         EXPECT_EQ(screen(), usual);
         EXPECT_EQ(view().size(), QSize(375, 667));
-        EXPECT_EQ(window().inspector()->width(), host::Inspector::usualWidth);
+        EXPECT_EQ(window().inspector()->width(), widthOf(host::Inspector::usualWidth));
         EXPECT_EQ(window().height(), closed.height());
 
         window().setInspectorShown(false);
@@ -90,7 +99,7 @@ TEST_F(InspectorPanel, GetsWhatTheWindowGains)
     window().resize(window().width() + 100, window().height());
     QCoreApplication::processEvents();
     EXPECT_EQ(screen(), usual);
-    EXPECT_EQ(window().inspector()->width(), host::Inspector::usualWidth + 100);
+    EXPECT_EQ(window().inspector()->width(), widthOf(host::Inspector::usualWidth) + 100);
 }
 
 TEST_F(InspectorPanel, IsShownAndHiddenByButtonAndKeys)
@@ -135,7 +144,7 @@ TEST_F(InspectorPanel, IsRememberedFromOneRunToTheNext)
 {
     open();
     window().setInspectorShown(true);
-    window().resize(window().width() + 40, window().height());
+    window().resize(window().width() - 40, window().height());
     QCoreApplication::processEvents();
     close();
     EXPECT_TRUE(std::filesystem::exists(configuration() / "vekora/inspector.ini"));
@@ -143,7 +152,7 @@ TEST_F(InspectorPanel, IsRememberedFromOneRunToTheNext)
     open();
     EXPECT_TRUE(window().inspectorIsShown());
     EXPECT_EQ(screen(), usual);
-    EXPECT_EQ(window().inspector()->width(), host::Inspector::usualWidth + 40);
+    EXPECT_EQ(window().inspector()->width(), widthOf(host::Inspector::usualWidth) - 40);
     window().setInspectorShown(false);
     close();
 
@@ -152,7 +161,7 @@ TEST_F(InspectorPanel, IsRememberedFromOneRunToTheNext)
     EXPECT_EQ(screen(), usual);
     window().setInspectorShown(true);
     QCoreApplication::processEvents();
-    EXPECT_EQ(window().inspector()->width(), host::Inspector::usualWidth + 40);
+    EXPECT_EQ(window().inspector()->width(), widthOf(host::Inspector::usualWidth) - 40);
 }
 
 TEST_F(InspectorPanel, StartsAsUsualWhenItsMemoryMakesNoSense)
@@ -164,7 +173,7 @@ TEST_F(InspectorPanel, StartsAsUsualWhenItsMemoryMakesNoSense)
         EXPECT_EQ(screen(), usual);
         window().setInspectorShown(true);
         QCoreApplication::processEvents();
-        EXPECT_EQ(window().inspector()->width(), host::Inspector::usualWidth);
+        EXPECT_EQ(window().inspector()->width(), widthOf(host::Inspector::usualWidth));
         close();
     }
 }
@@ -175,4 +184,34 @@ TEST_F(InspectorPanel, HasNoCaretThatBlinks)
     open();
     window().setInspectorShown(true);
     EXPECT_EQ(QApplication::cursorFlashTime(), 0);
+}
+
+TEST_F(InspectorPanel, TakesItsRoomFromThePhoneWhereTheWindowCannotGrow)
+{
+    open();
+    window().showMaximized();
+    ASSERT_TRUE(waitUntil([&] { return window().width() > 600; }));
+    const auto whole = window().size();
+    window().setInspectorShown(true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window().size(), whole);
+    EXPECT_GE(window().inspector()->width(), host::Inspector::smallestWidth);
+    EXPECT_LT(view().width(), whole.width() - host::Inspector::smallestWidth);
+    window().setInspectorShown(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window().size(), whole);
+    EXPECT_EQ(view().width(), whole.width());
+}
+
+TEST_F(InspectorPanel, StaysOnTheScreen)
+{
+    open();
+    const auto available = window().screen()->availableGeometry();
+    ASSERT_LT(available.width(), 375 + host::Inspector::usualWidth) << "the tests' screen has 800 pixels";
+    window().move(available.right() - 375, 0);
+    window().setInspectorShown(true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(screen(), usual);
+    EXPECT_EQ(window().width(), available.width());
+    EXPECT_EQ(window().x(), available.left());
 }
