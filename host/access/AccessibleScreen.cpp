@@ -202,8 +202,11 @@ void AccessibleScreen::tellGone(const Known& gone)
 void AccessibleScreen::tellFocus()
 {
     const auto* const now = focused();
-    if (!now || now->id == _focused)
+    if (!now || now->id == _focused) {
+        if (!now)
+            _focused = {};
         return;
+    }
     _focused = now->id;
     if (auto* const interface = interfaceFor(now->id))
         tell(*interface, QAccessible::Focus);

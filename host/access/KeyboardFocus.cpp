@@ -3,7 +3,6 @@
 #include "AdjustmentKeys.h"
 #include "ElementTree.h"
 #include "platform/UIAlertView.h"
-#include "platform/UITableView.h"
 #include "platform/UITextField.h"
 
 #include <QKeyEvent>
@@ -17,24 +16,6 @@ namespace host {
 using namespace platform;
 
 namespace {
-
-constexpr CGFloat scrollStep = 40; ///< Points, where there is nothing further to move to.
-
-using Found = std::vector<const Element*>;
-
-Found::difference_type indexOf(const Found& elements, const Element* element)
-{
-    return std::find(elements.begin(), elements.end(), element) - elements.begin();
-}
-
-UITableView* tableAround(const Element& element)
-{
-    for (auto* view = static_cast<UIView*>(element.frame.get()); view; view = view->superview()) {
-        if (auto* const table = dynamic_cast<UITableView*>(view))
-            return table;
-    }
-    return nullptr;
-}
 
 bool isActivation(int key)
 {
@@ -137,7 +118,8 @@ bool KeyboardFocus::goTo(const Element* element)
     _screen.actions().show(Element(*element));
     // Where an alert asks for a text, one goes on typing.
     if (id.role == ElementRole::TextField && UIAlertView::topmost() == context) {
-        if (const auto* const field = findElement(_screen.root(), id))
+        const auto* const field = findElement(_screen.root(), id);
+        if (field && _screen.phone().window().firstResponder() != id.get())
             _screen.actions().press(Element(*field));
     }
     _context = WeakObject(context);
@@ -172,93 +154,6 @@ void KeyboardFocus::follow()
         return;
     const auto* const now = current();
     goTo(now ? now : first());
-}
-
-bool KeyboardFocus::moveAlongOrder(int direction)
-{
-    const auto* now = current();
-    if (!now) {
-        const auto stops = focusableElements(_screen.root());
-        return goTo(direction > 0 || stops.empty() ? first() : stops.back());
-    }
-    const auto id = now->id;
-    // The text is stored with this, which may change the page.
-    if (_screen.phone().endEditing()) {
-        _screen.invalidate();
-        now = findElement(_screen.root(), id);
-    }
-    auto stops = focusableElements(_screen.root());
-    if (stops.empty())
-        return true;
-    auto index = indexOf(stops, now);
-    const auto count = static_cast<Found::difference_type>(stops.size());
-    if (index == count)
-        return goTo(first());
-    index += direction;
-    if (index >= 0 && index < count)
-        return goTo(stops[static_cast<std::size_t>(index)]);
-    // Round the end. A long page has the rows there only once they are in sight.
-    if (auto* const table = tableAround(*stops.back())) {
-        table->setContentOffset({ 0, direction > 0 ? 0 : table->maximumOffset() });
-        _screen.invalidate();
-        stops = focusableElements(_screen.root());
-    }
-    return goTo(direction > 0 ? stops.front() : stops.back());
-}
-
-bool KeyboardFocus::moveToNeighbour(int direction)
-{
-    const auto* const now = current();
-    if (!now || !_isShown)
-        return goTo(now ? now : first());
-    const auto stops = focusableElements(_screen.root());
-    const auto here = now->rect;
-    for (auto index = indexOf(stops, now) + direction; index >= 0 && index < std::ssize(stops);
-         index += direction) {
-        const auto* const stop = stops[static_cast<std::size_t>(index)];
-        const bool isInOtherLine
-            = direction > 0 ? stop->rect.midY() >= here.maxY() : stop->rect.midY() < here.minY();
-        if (isInOtherLine)
-            return goTo(stop);
-    }
-    scrollBy(direction * scrollStep);
-    return true;
-}
-
-bool KeyboardFocus::moveToEnd(int direction)
-{
-    const auto stops = focusableElements(_screen.root());
-    if (stops.empty())
-        return false;
-    if (auto* const table = tableAround(*stops.back())) {
-        table->setContentOffset({ 0, direction < 0 ? 0 : table->maximumOffset() });
-        _screen.invalidate();
-    }
-    return goTo(direction < 0 ? first() : focusableElements(_screen.root()).back());
-}
-
-bool KeyboardFocus::movePage(int direction)
-{
-    const auto* const now = current();
-    auto* const table = now ? tableAround(*now) : nullptr;
-    if (!table)
-        return moveToEnd(direction);
-    const Place place { WeakObject(), {}, now->rect };
-    const auto before = table->contentOffset().y;
-    table->setContentOffset({ 0, before + direction * table->bounds().height });
-    const auto moved = table->contentOffset().y - before;
-    _screen.invalidate();
-    // What is now where the element was; at the end of the page, its last.
-    return moved == 0 ? moveToEnd(direction) : goTo(nearest(place));
-}
-
-void KeyboardFocus::scrollBy(CGFloat dy)
-{
-    const auto* const now = current();
-    if (auto* const table = now ? tableAround(*now) : nullptr) {
-        table->setContentOffset({ 0, table->contentOffset().y + dy });
-        _screen.invalidate();
-    }
 }
 
 bool KeyboardFocus::activate(const Element& element)

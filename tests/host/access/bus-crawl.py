@@ -50,7 +50,7 @@ def every_shown(node):
         # What a list is in that is not open, counts as shown to the toolkit.
         if bus.is_showing(child) and not arranges_only(child):
             if child.get_parent() != node:
-                sys.exit(f"The {child.get_role_name()} {child.get_name()!r} has another parent than the one that has it.")
+                sys.exit(f"The {child.get_role_name()} {child.get_name()!r} has another parent than its holder.")
             yield from every_shown(child)
 
 
