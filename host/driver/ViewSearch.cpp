@@ -20,7 +20,7 @@ bool isShownItself(const UIView& view)
 
 std::string shownText(UITextField& field)
 {
-    const auto text = field.text();
+    auto text = field.text();
     if (!field.isSecureTextEntry())
         return text;
     std::string bullets;

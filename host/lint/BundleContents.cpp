@@ -16,9 +16,15 @@ namespace {
 
 /// Somebody's whole disk is not gone through by mistake.
 constexpr std::size_t mostFiles = 10000;
+constexpr std::uintmax_t mostBytes = 1U << 30U;
+/// Bytes of a property list; no page is near it.
+constexpr std::uintmax_t largestList = 16U << 20U;
 
 std::optional<PropertyList> listFrom(const fs::path& file)
 {
+    std::error_code error;
+    if (fs::file_size(file, error) > largestList)
+        return std::nullopt;
     std::ifstream stream(file, std::ios::binary);
     const std::string bytes { std::istreambuf_iterator<char>(stream), {} };
     if (!stream.is_open() || stream.bad())
@@ -32,16 +38,24 @@ std::optional<PropertyList> listFrom(const fs::path& file)
 std::vector<std::string> filesIn(const fs::path& folder)
 {
     std::vector<std::string> files;
+    std::uintmax_t bytes = 0;
     std::error_code error;
     auto entry = fs::recursive_directory_iterator(folder, error);
     for (const fs::recursive_directory_iterator end; !error && entry != end && files.size() <= mostFiles;
          entry.increment(error)) {
-        if (entry->is_regular_file(error) && !entry->path().filename().string().starts_with('.'))
+        std::error_code none; // A link that leads nowhere is no file.
+        if (!entry->is_regular_file(none))
+            continue;
+        // Hidden ones are copied with the bundle, too.
+        bytes += entry->file_size(none);
+        if (!entry->path().filename().string().starts_with('.'))
             files.push_back(entry->path().lexically_relative(folder).string());
     }
     if (files.size() > mostFiles)
         throw std::runtime_error(
             folder.string() + " holds more than " + std::to_string(mostFiles) + " files and is no bundle.");
+    if (bytes > mostBytes)
+        throw std::runtime_error(folder.string() + " holds more than 1 GiB and is no bundle.");
     if (error)
         throw std::runtime_error(folder.string() + " cannot be read: " + error.message() + ".");
     std::sort(files.begin(), files.end());

@@ -14,6 +14,8 @@ namespace {
 TEST(LintFile, SaysNothingOfAWholeBundle)
 {
     const LintBundle bundle;
+    std::filesystem::create_symlink("nowhere", bundle.path("link.png"));
+    std::filesystem::create_directory_symlink(".", bundle.path("loop"));
     const auto result = bundle.lint();
     EXPECT_EQ(result.status, 0) << result.errors.toStdString();
     EXPECT_EQ(result.lines.join('\n'), QString());
@@ -65,6 +67,14 @@ TEST(LintFile, TellsOfListsThatCannotBeRead)
         "Other.plist: cannot be read as a property list.\n"
         "de.lproj/Root.strings: cannot be read as a property list.\n"
         "Third.plist: \"items\" is no list.");
+}
+
+TEST(LintFile, DoesNotReadAListThatIsFarTooLarge)
+{
+    LintBundle bundle;
+    writeTestFile(bundle.path("Large.plist"), "");
+    std::filesystem::resize_file(bundle.path("Large.plist"), 17U << 20U);
+    EXPECT_EQ(bundle.findings().join('\n'), "Large.plist: cannot be read as a property list.");
 }
 
 TEST(LintFile, MeasuresImages)

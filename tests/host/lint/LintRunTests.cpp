@@ -62,6 +62,10 @@ TEST(LintRun, EndsWithStatusTwoForAFolderThatIsFarTooLarge)
     const auto run = runHost({ "lint", QString::fromStdString(folder.path()) });
     EXPECT_EQ(run.status, 2);
     EXPECT_TRUE(run.errors.contains("more than 10000 files")) << run.errors.toStdString();
+    const LintBundle bundle;
+    writeTestFile(bundle.path("large"), "");
+    std::filesystem::resize_file(bundle.path("large"), std::uintmax_t { 1 } << 40U); // It holds nothing.
+    EXPECT_EQ(bundle.lint().status, 2);
 }
 
 TEST(LintRun, EndsWithStatusTwoWhenNobodyTakesTheFindings)
