@@ -23,6 +23,12 @@ std::string takeBundle(Options& options, const std::string& word)
     return word.empty() ? "lint takes a bundle's folder, not an empty word." : "";
 }
 
+std::string takeSheet(Options& options, const std::string& word)
+{
+    options.sheet.file = word;
+    return word.empty() ? "sheet takes a file, not an empty word." : "";
+}
+
 std::string takeTopic(Options& options, const std::string& word)
 {
     options.topic = word;
@@ -40,6 +46,8 @@ constexpr CommandRule rules[] = {
     { "lint", Mode::Lint, OptionRule::InLint, "check a bundle: its Info.plist, rows, classes and images",
         "BUNDLE", "bundle", Operand::Needed, takeBundle },
     { "observe", Mode::Observe, OptionRule::InObserve, "print each change of the preferences" },
+    { "sheet", Mode::Sheet, OptionRule::InSheet, "render every page on many phones into one HTML file",
+        "OUT.html", "file", Operand::Needed, takeSheet },
 };
 
 constexpr UsageExample examples[] = {
@@ -47,6 +55,7 @@ constexpr UsageExample examples[] = {
     { "", "--bundle Hello.bundle", "a pane of your own" },
     { "drive", "drive --root /tmp/phone script.txt", "what a script taps and types" },
     { "lint", "lint Hello.bundle", "what is wrong with a bundle, row by row" },
+    { "sheet", "sheet new.html --against old.html", "every page on many phones, and what changed" },
     { "observe", "observe", "beside a window: what is stored and told" },
 };
 

@@ -2,6 +2,7 @@
 
 #include "PhoneValues.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace host {
@@ -95,6 +96,54 @@ std::string takeRecord(Options& options, const std::string& value)
     return value.empty() ? "--record takes a file, not an empty word." : "";
 }
 
+/// Hands the words between commas to `takeOne`, which answers with a sentence or with nothing.
+template <typename TakeOne> std::string takeList(const std::string& list, TakeOne takeOne)
+{
+    std::string error;
+    for (std::size_t begin = 0; begin <= list.size() && error.empty();) {
+        const auto end = std::min(list.find(',', begin), list.size());
+        error = takeOne(list.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return error;
+}
+
+/// One value of the phone's, into a list of them; one that is there already counts once.
+template <typename Value>
+std::string takeListOf(std::string_view name, const std::string& option, Value PhoneOptions::*member,
+    std::vector<Value>& values, const std::string& list)
+{
+    values.clear();
+    return takeList(list, [&](const std::string& word) {
+        PhoneOptions phone;
+        auto error = takePhoneValue(*phoneValueNamed(name), phone, word, option);
+        if (error.empty() && std::find(values.begin(), values.end(), phone.*member) == values.end())
+            values.push_back(phone.*member);
+        return error;
+    });
+}
+
+std::string takePhones(Options& options, const std::string& value)
+{
+    return takeListOf("size", "--phones", &PhoneOptions::size, options.sheet.phones, value);
+}
+
+std::string takeScales(Options& options, const std::string& value)
+{
+    return takeListOf("scale", "--scales", &PhoneOptions::scale, options.sheet.scales, value);
+}
+
+std::string takeLocales(Options& options, const std::string& value)
+{
+    return takeListOf("locale", "--locales", &PhoneOptions::locale, options.sheet.locales, value);
+}
+
+std::string takeAgainst(Options& options, const std::string& value)
+{
+    options.sheet.against = value;
+    return value.empty() ? "--against takes an earlier sheet, not an empty word." : "";
+}
+
 std::string takeHelp(Options& options, const std::string&)
 {
     options.mode = Mode::Help;
@@ -120,10 +169,14 @@ constexpr OptionRule rules[] = {
     { "--now", "TIME", OptionRule::WithPhone, takeNow, "the clock stands still at this instant, ISO 8601" },
     { "--toggle", "", OptionRule::WithPhone, takeToggle, "with the stand-in companion toggle" },
     { "--statusbar", "", OptionRule::WithPhone, takeStatusBar, "with the status-bar library's file" },
-    { "--bundle", "DIR", OptionRule::WithPhone, takeBundle, "another bundle's folder" },
+    { "--bundle", "DIR", OptionRule::WithPhone | OptionRule::InSheet, takeBundle, "another bundle's folder" },
     { "--defaults", "DOMAIN", OptionRule::WithRoot, takeDefaults,
         "the preference file to show, as its rows name it (the bundle's)" },
     { "--keep-going", "", OptionRule::InDrive, takeKeepGoing, "go on after a command that failed" },
+    { "--against", "FILE", OptionRule::InSheet, takeAgainst, "an earlier sheet, to show what changed" },
+    { "--phones", "LIST", OptionRule::InSheet, takePhones, "sizes in points, as 320x480,375x667" },
+    { "--scales", "LIST", OptionRule::InSheet, takeScales, "pixels a point, as 1,2,3" },
+    { "--locales", "LIST", OptionRule::InSheet, takeLocales, "as en_US,ar_EG" },
     { "--record", "FILE", OptionRule::InWindow, takeRecord,
         "write what is done in the window as a script for drive" },
     { "--help", "", OptionRule::Everywhere, takeHelp, "print help, or all about the command before it" },

@@ -14,6 +14,7 @@ struct OptionRule {
         InObserve = 4,
         InHelp = 8,
         InLint = 16,
+        InSheet = 32,
         WithPhone = InWindow | InDrive,
         WithRoot = WithPhone | InObserve,
         Everywhere = ~0U,

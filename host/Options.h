@@ -6,12 +6,13 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace host {
 
 /// What the command line asks for.
 struct Options {
-    enum class Mode { Window, Drive, Observe, Gallery, Lint, Help, Version };
+    enum class Mode { Window, Drive, Observe, Gallery, Lint, Sheet, Help, Version };
 
     Mode mode = Mode::Window;
     /// With `root`, `locale` and `timeZone` filled in; `now` is known to be an instant of `Instant.h`.
@@ -21,6 +22,14 @@ struct Options {
     bool keepGoing = false; ///< Of `drive`: go on after a command that failed.
     std::string script = "-"; ///< Of `drive`: a file, or "-" for standard input.
     std::string bundleAsGiven; ///< Of `lint`: the bundle's folder, as findings name it.
+    /// Of `sheet`; empty lists for the usual ones.
+    struct SheetOptions {
+        std::string file;
+        std::string against; ///< An earlier sheet; empty for none.
+        std::vector<platform::CGSize> phones;
+        std::vector<int> scales;
+        std::vector<std::string> locales;
+    } sheet;
     std::string topic; ///< Of `help`: a command's name; empty for all of them.
 };
 

@@ -29,16 +29,18 @@ std::string fileName(std::size_t number, std::string title)
 
 class Walk {
 public:
-    Walk(Phone& phone, std::filesystem::path folder)
+    using Visitor = std::function<void(std::size_t number, const std::string& title)>;
+
+    Walk(Phone& phone, const Visitor& visitor)
         : _phone(phone)
-        , _folder(std::move(folder))
+        , _visitor(visitor)
         , _size(Device::current().screenSize)
     {
     }
 
     void visit(int depth)
     {
-        takePicture();
+        showWhole();
         auto* const page = top();
         if (!page || depth >= deepest)
             return;
@@ -48,8 +50,6 @@ public:
                 follow({ section, row }, depth);
         }
     }
-
-    std::vector<std::filesystem::path> files;
 
 private:
     PSListController* top() const
@@ -81,7 +81,7 @@ private:
         _phone.settle();
     }
 
-    void takePicture()
+    void showWhole()
     {
         _phone.settle();
         const auto scale = static_cast<int>(Device::current().scale);
@@ -91,10 +91,7 @@ private:
             _phone.setScreen({ _size.width, _size.height + overhang }, scale);
             _phone.settle();
         }
-        const auto file = _folder / fileName(files.size() + 1, titleOfTop());
-        if (!writePicture(_phone.window(), file))
-            throw std::runtime_error("The picture " + file.string() + " can't be written.");
-        files.push_back(file);
+        _visitor(++_number, titleOfTop());
         _phone.setScreen(_size, scale);
         _phone.settle();
     }
@@ -106,7 +103,8 @@ private:
     }
 
     Phone& _phone;
-    std::filesystem::path _folder;
+    const Visitor& _visitor;
+    std::size_t _number = 0;
     CGSize _size;
 };
 
@@ -120,6 +118,12 @@ bool writePicture(const UIWindow& window, const std::filesystem::path& file)
     return image.convertToFormat(QImage::Format_RGB32).save(QString::fromStdString(file.string()), "PNG");
 }
 
+void visitEveryPage(
+    Phone& phone, const std::function<void(std::size_t number, const std::string& title)>& visitor)
+{
+    Walk(phone, visitor).visit(1);
+}
+
 std::vector<std::filesystem::path> writePicturesOfEveryPage(Phone& phone, const std::filesystem::path& folder)
 {
     std::error_code error;
@@ -127,9 +131,14 @@ std::vector<std::filesystem::path> writePicturesOfEveryPage(Phone& phone, const 
     if (error)
         throw std::runtime_error(
             "The folder " + folder.string() + " can't be made: " + error.message() + ".");
-    Walk walk(phone, folder);
-    walk.visit(1);
-    return walk.files;
+    std::vector<std::filesystem::path> files;
+    visitEveryPage(phone, [&](std::size_t number, const std::string& title) {
+        const auto file = folder / fileName(number, title);
+        if (!writePicture(phone.window(), file))
+            throw std::runtime_error("The picture " + file.string() + " can't be written.");
+        files.push_back(file);
+    });
+    return files;
 }
 
 }

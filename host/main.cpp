@@ -4,6 +4,7 @@
 #include "lint/Lint.h"
 #include "observe/Observe.h"
 #include "Options.h"
+#include "sheet/Sheet.h"
 #include "Window.h"
 
 #include <cstdio>
@@ -25,6 +26,8 @@ int run(char** argv, const host::Options& options)
         return host::runObserve(options);
     case Mode::Lint:
         return host::runLint(options);
+    case Mode::Sheet:
+        return host::runSheet(options);
     case Mode::Help:
         std::fputs(host::helpText(options.topic).c_str(), stdout);
         return 0;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "SheetPicture.h"
+#include "SheetPlan.h"
+
+#include <filesystem>
+#include <functional>
+#include <set>
+
+namespace host {
+
+/// Renders jobs of a sheet, one after the other, in a process of its own: there is one device in each. Its
+/// root is a folder that nobody else uses.
+class SheetWorker {
+public:
+    SheetWorker(const SheetPlan&, std::filesystem::path root);
+
+    /// Throws std::runtime_error with one sentence when the bundle or a state's script fails.
+    void render(std::size_t job, const std::function<void(const SheetPicture&)>& take);
+
+private:
+    PhoneOptions optionsFor(const SheetPlan::Job&) const;
+    void prepareFiles(const SheetState&) const;
+    static void carryOut(Phone&, const SheetState&);
+    SheetPicture pictureOf(Phone&);
+
+    const SheetPlan& _plan;
+    std::vector<SheetPlan::Job> _jobs;
+    std::filesystem::path _root;
+    std::set<QByteArray> _sent;
+};
+
+}
