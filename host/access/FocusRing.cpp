@@ -22,10 +22,15 @@ constexpr QColor haloColor(255, 255, 255, 230);
 void FocusRing::show(QWidget& widget, QRectF outline, QRectF visible)
 {
     auto ring = visible.isEmpty() ? QRectF() : outline.adjusted(-distance, -distance, distance, distance);
-    // A row is as wide as the screen, whose edges would hide the line.
+    // A row is as wide as the screen, and a button may end where its alert does: there the line lies within.
+    // An edge that is scrolled away stays away.
     const auto margin = haloWidth / 2;
     ring.setLeft(std::max(ring.left(), visible.left() + margin));
     ring.setRight(std::min(ring.right(), visible.right() - margin));
+    if (outline.top() >= visible.top())
+        ring.setTop(std::max(ring.top(), visible.top() + margin));
+    if (outline.bottom() <= visible.bottom())
+        ring.setBottom(std::min(ring.bottom(), visible.bottom() - margin));
     if (ring == _ring && visible == _visible)
         return;
     widget.update(covered().toAlignedRect());
