@@ -19,18 +19,16 @@ PlainDelegate::PlainDelegate(QObject* parent)
 {
 }
 
-const QStaticText& PlainDelegate::laidOut(
-    const QString& text, int width, const QStyleOptionViewItem& option) const
+QStaticText PlainDelegate::laidOut(const QString& text, int width, const QStyleOptionViewItem& option) const
 {
     const Key key { text, width };
     if (const auto* const known = _texts.object(key))
         return *known;
-    auto layout = std::make_unique<QStaticText>(option.fontMetrics.elidedText(text, Qt::ElideRight, width));
-    layout->setTextFormat(Qt::PlainText);
-    layout->prepare({}, option.font);
-    auto* const kept = layout.release();
-    _texts.insert(key, kept); // The cache owns it.
-    return *kept;
+    QStaticText layout(option.fontMetrics.elidedText(text, Qt::ElideRight, width));
+    layout.setTextFormat(Qt::PlainText);
+    layout.prepare({}, option.font);
+    _texts.insert(key, std::make_unique<QStaticText>(layout).release()); // It takes it over, kept or not.
+    return layout;
 }
 
 void PlainDelegate::paint(
@@ -51,7 +49,7 @@ void PlainDelegate::paint(
     const auto text = index.data().toString();
     if (text.isEmpty() || room.width() <= 0)
         return;
-    const auto& layout = laidOut(text, room.width(), option);
+    const auto layout = laidOut(text, room.width(), option);
     const auto ink = index.data(Qt::ForegroundRole);
     painter->setPen(isSelected ? option.palette.color(group, QPalette::HighlightedText)
             : ink.isValid()    ? ink.value<QColor>()

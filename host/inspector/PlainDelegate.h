@@ -24,7 +24,7 @@ private:
     };
     friend size_t qHash(const Key& key, size_t seed) { return qHashMulti(seed, key.text, key.width); }
 
-    const QStaticText& laidOut(const QString&, int width, const QStyleOptionViewItem&) const;
+    QStaticText laidOut(const QString&, int width, const QStyleOptionViewItem&) const;
 
     mutable QCache<Key, QStaticText> _texts;
 };
