@@ -2,6 +2,7 @@
 
 #include "AccessibleElement.h"
 #include "AccessiblePhone.h"
+#include "AccessibleScrollArea.h"
 #include "FieldText.h"
 #include "host/PhoneView.h"
 #include "Screen.h"
@@ -46,6 +47,7 @@ Element withoutChildren(Element element)
 void AccessibleScreen::install()
 {
     QAccessible::installFactory(makeInterface);
+    QAccessible::installFactory(makeAccessibleScrollArea);
 }
 
 AccessibleScreen::AccessibleScreen(PhoneView& view)

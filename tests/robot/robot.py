@@ -2,8 +2,8 @@
 """Uses the real window through X events, by chance but reproducibly, for a number of events. The program must stay
 alive and answer, say nothing on standard error, keep the preference file whole but for faults that were asked for, and
 end with status 0. Usage:
-robot.py PROGRAM BUNDLE CRASHER EVENTS [SEED]; CRASHER is a module that crashes when it is loaded, and ROBOT_SEED in the
-environment counts before SEED"""
+robot.py [--heard] PROGRAM BUNDLE CRASHER EVENTS [SEED]; with --heard a screen reader's stand-in reads along, CRASHER is
+a module that crashes when it is loaded, and ROBOT_SEED in the environment counts before SEED."""
 
 import collections
 import os
@@ -15,6 +15,8 @@ import sys
 import tempfile
 import time
 
+from Xlib import error
+
 from actions import Actions
 from looks import PreferenceLooks
 from screen import Failure, Hand, private_folders, start_screen
@@ -22,21 +24,23 @@ from screen import Failure, Hand, private_folders, start_screen
 FILE = "private/var/mobile/Library/Preferences/net.morvane.vekora.plist"
 # What is said of a bundle that can't be opened or crashes, which the robot sees to from time to time.
 OF_BUNDLES = re.compile(r"^There is no (such file|folder|Info\.plist)|^.*Vekora\.bundle(?!.* crashed)")
+# The toolkit's word for whoever asks on the accessibility bus about something that has just gone.
+OF_LISTENERS = re.compile(r"^qt\.accessibility\.atspi: WARNING .*(Accessible invalid|Could not find accessible)"
+                          r"|^QAccessibleTable::child: Invalid index at")
 CRASH = re.compile(r"^Vekora\.bundle crashed: ")
 
 Folders = collections.namedtuple("Folders", "good bundle crasher inspector")
 
 
 class Robot:
-    def __init__(self, program, bundle, crasher, events, seed, scratch, address):
+    def __init__(self, program, bundle, crasher, events, seed, scratch, environment):
         self.events = events
         self.seed = seed
         self.scratch = scratch
         self.chance = random.Random(seed)
         self.done = collections.deque(maxlen=12)
         self.counts = collections.Counter()
-        self.environment = private_folders(scratch)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
+        self.environment = environment
         self.provide_opener()
         good = os.path.join(scratch, "good", "Vekora.bundle")
         shutil.copytree(bundle, good)
@@ -50,6 +54,7 @@ class Robot:
         self.errors_path = os.path.join(scratch, "errors")
         self.process = None
         self.actions = None
+        self.is_heard = False
 
     def provide_opener(self):
         """For whoever opens a file in the user's program: there is one, and it does nothing."""
@@ -58,28 +63,39 @@ class Robot:
             file.write("#!/bin/sh\nexit 0\n")
         os.chmod(opener, 0o755)
 
-    def run(self, screen):
-        self.environment["DISPLAY"] = screen
+    def run(self, listener=None):
+        self.is_heard = listener is not None
         with open(self.errors_path, "wb") as errors:
             self.process = subprocess.Popen(self.command, env=self.environment, cwd=self.scratch, stderr=errors,
                                             stdout=errors)
         try:
-            self.hand = Hand(screen, self.looks.look, self.process)
+            self.hand = Hand(self.environment["DISPLAY"], self.looks.look, self.process)
             self.hand.failure = Failure
             self.hand.wait_for_window("Vekora")
             self.actions = Actions(self.hand, self.looks, self.chance, self.folders)
             self.check_that_it_reaches_everything()
             self.use_by_chance()
+            if listener:
+                self.check_listener(listener)
             self.quit()
             self.check_errors()
-        except Failure:
-            self.process.poll()
+        except (Failure, error.XError) as failure:
             self.check_errors()  # What it said itself says more.
-            raise
+            raise failure if isinstance(failure, Failure) else Failure(f"The window has gone: {failure}")
         finally:
-            if self.process.poll() is None:
-                self.process.kill()
-                self.process.wait()
+            for process in filter(None, (listener, self.process)):
+                if process.poll() is None:
+                    process.kill()
+                    process.wait()
+
+    def check_listener(self, listener):
+        try:
+            count = int(listener.communicate(timeout=60)[0] or 0)
+        except subprocess.TimeoutExpired:
+            raise Failure("The screen reader's stand-in does not end.") from None
+        if count < 20:
+            raise Failure(f"Only {count} objects were heard on the accessibility bus.")
+        print(f"{count} objects were heard on the accessibility bus", flush=True)
 
     # Before chance takes over: whether the controls are where the robot expects them.
 
@@ -178,25 +194,41 @@ class Robot:
         crashes = sum(bool(CRASH.match(line)) for line in said)
         if crashes > self.actions.crashes if self.actions else crashes:
             raise Failure("A bundle crashed that should not:\n" + "\n".join(filter(CRASH.match, said)))
-        lines = [line for line in said if not OF_BUNDLES.match(line) and not CRASH.match(line)]
+        expected = [OF_BUNDLES, CRASH] + [OF_LISTENERS] * self.is_heard
+        lines = [line for line in said if not any(pattern.match(line) for pattern in expected)]
         if lines:
             raise Failure("The program said:\n" + "\n".join(lines[:200]))
 
 
+def start_listener(environment):
+    return subprocess.Popen([sys.executable, os.path.join(os.path.dirname(os.path.abspath(__file__)), "listener.py")],
+                            env=environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                            text=True)
+
+
 def main():
-    program, bundle, crasher = (os.path.abspath(path) for path in sys.argv[1:4])
-    events = int(sys.argv[4])
-    given = os.environ.get("ROBOT_SEED") or (sys.argv[5] if len(sys.argv) > 5 else "")
+    words = sys.argv[1:]
+    is_heard = words[0] == "--heard"
+    words = words[is_heard:]
+    program, bundle, crasher = (os.path.abspath(path) for path in words[:3])
+    events = int(words[3])
+    given = os.environ.get("ROBOT_SEED") or (words[4] if len(words) > 4 else "")
     seed = int(given) if given else random.SystemRandom().randrange(10**6)
     print(f"Seed {seed}", flush=True)
     with tempfile.TemporaryDirectory() as scratch:
-        server, screen = start_screen(2200, 2300)
-        bus = subprocess.Popen(["dbus-daemon", "--session", "--print-address=1", "--nofork", "--nopidfile"],
-                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        environment = private_folders(scratch)
+        server, environment["DISPLAY"] = start_screen(2200, 2300)
+        bus = subprocess.Popen(["/usr/bin/dbus-daemon", "--session", "--print-address=1", "--nofork", "--nopidfile"],
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, env=environment)
+        environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
         robot = None
         try:
-            robot = Robot(program, bundle, crasher, events, seed, scratch, bus.stdout.readline().strip())
-            robot.run(screen)
+            robot = Robot(program, bundle, crasher, events, seed, scratch, environment)
+            if is_heard:
+                robot.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+                robot.run(listener=start_listener(environment))
+            else:
+                robot.run()
         except Failure as failure:
             done = " ".join(robot.done) if robot else ""
             sys.exit(f"{failure}\nSeed {seed}, after {robot.hand.events if robot else 0} events; last: {done}")

@@ -6,12 +6,14 @@
 #include "platform/Device.h"
 #include "WindowTest.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QtTest/QTest>
 #include <QWheelEvent>
 
@@ -245,4 +247,17 @@ TEST_F(InspectorEnvironment, TurningTheWheelOverAChoiceChangesNothingUnlessItHas
     box.setFocus();
     turn();
     EXPECT_EQ(Device::current().scale, 2);
+}
+
+TEST_F(InspectorEnvironment, AScreenReaderMayAskForPartsThatAreNotThere)
+{
+    openIt();
+    auto* const area = page->findChild<QScrollArea*>();
+    ASSERT_NE(area, nullptr);
+    auto* const interface = QAccessible::queryAccessibleInterface(area);
+    ASSERT_NE(interface, nullptr);
+    EXPECT_GT(interface->childCount(), 0);
+    EXPECT_NE(interface->child(0), nullptr);
+    for (const int beyond : { -1, interface->childCount(), 1000 })
+        EXPECT_EQ(interface->child(beyond), nullptr) << beyond;
 }
