@@ -126,7 +126,9 @@ void Phone::closePages()
     for (const auto& [number, callback] : callbacks)
         callback();
     _window->touchCancelled();
-    while (auto* const alert = UIAlertView::topmost()) {
+    while (auto* const topmost = UIAlertView::topmost()) {
+        // Whoever is told of the end of the editing may take the alert away.
+        const auto alert = std::static_pointer_cast<UIAlertView>(topmost->shared_from_this());
         if (auto* const field = _window->firstResponder())
             field->resignFirstResponder();
         alert->removeFromSuperview();

@@ -33,6 +33,14 @@ protected:
     PaneFolder pane { folder.path() / "Pane.bundle" };
 };
 
+class AlertRemover final : public NSObject {
+public:
+    void remove() { alert->removeFromSuperview(); }
+
+    UIAlertView* alert = nullptr;
+};
+const auto alertRemover = registerClass<AlertRemover>("AlertRemover").method("remove", &AlertRemover::remove);
+
 }
 
 TEST_F(PhoneReload, RunsTheNewCode)
@@ -120,6 +128,26 @@ TEST_F(PhoneReload, TakesAlertsAndTouchesAwayWithThePages)
     phone->window().touchEnded({ 187, 333 });
     phone->settle();
     EXPECT_EQ(title(), "Pane");
+}
+
+TEST_F(PhoneReload, LetsAnAlertGoByItselfWhenItsFieldEndsEditing)
+{
+    auto alert = UIAlertView::make({ .message = "Name?", .cancelButtonTitle = "No" });
+    alert->setAlertViewStyle(UIAlertViewStyle::PlainTextInput);
+    alert->show();
+    phone->settle();
+    ASSERT_TRUE(alert->textFieldAtIndex(0)->isFirstResponder());
+    AlertRemover remover;
+    remover.alert = alert.get();
+    alert->textFieldAtIndex(0)->addTargetActionForControlEvents(
+        &remover, "remove", UIControlEventEditingDidEnd);
+    const platform::WeakObject shown(alert.get());
+    alert.reset();
+    ASSERT_TRUE(shown.get());
+    pane.link("good2");
+    EXPECT_EQ(reload(), "");
+    EXPECT_EQ(shown.get(), nullptr);
+    EXPECT_EQ(UIAlertView::topmost(), nullptr);
 }
 
 TEST_F(PhoneReload, TellsWhoKeepsViewsBeforeTheirCodeGoes)
