@@ -40,13 +40,24 @@ std::string classOpenedBy(const PSSpecifier& row)
     return named.empty() && row.cellType() == PSCellType::LinkList ? "PSListItemsController" : named;
 }
 
-std::vector<NSIndexPath> linksOf(PSListController& page)
+struct Link {
+    const PSSpecifier* row;
+    NSIndexPath place;
+};
+
+/// In one walk, as there may be thousands of rows, and each touch asks.
+std::vector<Link> linksOf(PSListController& page)
 {
-    std::vector<NSIndexPath> links;
+    std::vector<Link> links;
+    NSIndexPath place { -1, 0 };
     for (const auto& row : page.specifiers()) {
-        const auto place = row && opensPage(*row) ? page.indexPathForSpecifier(row.get()) : std::nullopt;
-        if (place)
-            links.push_back(*place);
+        const bool isGroup = row && row->cellType() == PSCellType::Group;
+        if (isGroup || place.section < 0)
+            place = { place.section + 1, 0 };
+        if (row && opensPage(*row))
+            links.push_back({ row.get(), place });
+        if (!isGroup)
+            ++place.row;
     }
     return links;
 }
@@ -58,8 +69,7 @@ PagePath::Row rowThatOpened(UIViewController& page, UIViewController& before)
     if (!opener)
         return {};
     const auto* const list = dynamic_cast<PSListController*>(&page);
-    for (const auto& place : linksOf(*opener)) {
-        const auto* const row = opener->specifierAtIndexPath(place);
+    for (const auto& [row, place] : linksOf(*opener)) {
         if (list ? list->specifier().get() == row : classOpenedBy(*row) == page.className())
             return { row->identifier(), page.className(), place };
     }
@@ -69,17 +79,17 @@ PagePath::Row rowThatOpened(UIViewController& page, UIViewController& before)
 std::optional<NSIndexPath> findRow(PSListController& page, const PagePath::Row& sought)
 {
     const auto links = linksOf(page);
-    const auto isNamed = [&](const NSIndexPath& place) {
-        return page.specifierAtIndexPath(place)->identifier() == sought.identifier;
-    };
-    if (const auto* const row = page.specifierAtIndexPath(sought.place);
-        row && opensPage(*row) && (isNamed(sought.place) || classOpenedBy(*row) == sought.className)) {
-        // A row of that name elsewhere is meant before a stranger that has taken the place.
-        const auto named = std::find_if(links.begin(), links.end(), isNamed);
-        return isNamed(sought.place) || named == links.end() ? sought.place : *named;
-    }
-    const auto named = std::find_if(links.begin(), links.end(), isNamed);
-    return named == links.end() ? std::nullopt : std::optional(*named);
+    const auto isNamed = [&](const Link& link) { return link.row->identifier() == sought.identifier; };
+    const auto isThere = [&](const Link& link) { return link.place == sought.place; };
+    const auto there = std::find_if(links.begin(), links.end(), isThere);
+    if (there != links.end() && isNamed(*there))
+        return there->place;
+    // A row of that name elsewhere is meant before a stranger that has taken the place.
+    if (const auto named = std::find_if(links.begin(), links.end(), isNamed); named != links.end())
+        return named->place;
+    if (there != links.end() && classOpenedBy(*there->row) == sought.className)
+        return there->place;
+    return std::nullopt;
 }
 
 void scrollTo(UINavigationController& stack, const std::vector<CGPoint>& offsets)

@@ -5,7 +5,13 @@ namespace host {
 
 namespace {
 
-class PagePathTest : public PhoneTest { };
+class PagePathTest : public PhoneTest {
+protected:
+    platform::PSListController& firstPage() const
+    {
+        return dynamic_cast<platform::PSListController&>(*phone->navigation().viewControllers().front());
+    }
+};
 
 }
 
@@ -18,6 +24,8 @@ TEST_F(PagePathTest, NamesTheRowsThatOpenedThePages)
     EXPECT_EQ(path.pages[0].openedBy.className, "");
     EXPECT_EQ(path.pages[1].openedBy.identifier, "disableForMinutes");
     EXPECT_EQ(path.pages[1].openedBy.className, "PSListItemsController");
+    EXPECT_EQ(path.pages[1].openedBy.place,
+        firstPage().indexPathForSpecifier(firstPage().specifierForID("disableForMinutes")));
 }
 
 TEST_F(PagePathTest, LeadsANewPhoneToTheSamePageAndScrollPositions)
