@@ -58,6 +58,14 @@ template <std::size_t Size> void keep(char (&target)[Size], std::string_view tex
     target[length] = '\0';
 }
 
+/// As one line, since the report is read line by line.
+template <std::size_t Size> void keepLine(char (&target)[Size], std::string_view text)
+{
+    keep(target, text);
+    constexpr auto isControl = [](char byte) { return (byte >= 0 && byte < ' ') || byte == 0x7f; };
+    std::replace_if(target, target + std::strlen(target), isControl, ' ');
+}
+
 std::uintptr_t programCounter(const ucontext_t& context)
 {
 #if defined(__x86_64__)
@@ -265,10 +273,9 @@ void crashed(int signal, siginfo_t* info, void* data)
         try {
             throw;
         } catch (const std::exception& exception) {
-            keep(state.what, exception.what());
+            keepLine(state.what, exception.what());
         } catch (...) {
         }
-        std::replace(state.what, state.what + std::strlen(state.what), '\n', ' ');
     }
     std::abort();
 }
@@ -326,7 +333,7 @@ void setCrashNote(std::string_view text)
 
 void setLastAction(std::string_view selector)
 {
-    keep(state.action, selector);
+    keepLine(state.action, selector);
 }
 
 }

@@ -22,7 +22,7 @@ void setAfterCrash(AfterCrash);
 /// What the program is to know when it has been started anew, in the place of what was said before. Of texts
 /// beyond 64 KiB nothing is kept.
 void setCrashNote(std::string_view);
-/// The action that was begun last, by its selector.
+/// The action that was begun last, by its selector; whatever is in it, it counts as one line.
 void setLastAction(std::string_view);
 
 }

@@ -55,6 +55,17 @@ TEST_F(Crash, InAnActionEndsWithOneSentenceThatSaysWhere)
     }
 }
 
+TEST_F(Crash, IsToldWholeWhateverIsInTheSelector)
+{
+    pane.build("good1");
+    const auto run = drive("tap More\ntap forge\n");
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(lastError(run),
+        "Pane.bundle crashed: it used memory at 0x0, where there is none (SIGSEGV), while performing "
+        "readNothing frame 1 note all is well  , in pane::Wrongdoer::readNothing(), called by "
+        "pane::PaneMorePage::readNothing().");
+}
+
 TEST_F(Crash, OfAFullStackIsToldAsOne)
 {
     pane.build("good1");

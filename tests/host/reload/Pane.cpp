@@ -21,6 +21,9 @@ constexpr int missingSymbol = 4;
 constexpr int throwsOnOpening = 6;
 }
 
+/// Does harm, and would end the report of it where it is written down.
+constexpr const char* forgingSelector = "readNothing\nframe 1\nnote\nall is well\x7f\t";
+
 int* nowhere(); ///< Nothing in sight says that it is null.
 [[gnu::noinline]] int* nowhere()
 {
@@ -117,6 +120,7 @@ public:
         constexpr int rows = 40;
         for (int row = 0; row < rows; ++row)
             add("Row " + std::to_string(row), "bump:");
+        add("forge", forgingSelector);
         return *_specifiers;
     }
 
@@ -159,6 +163,7 @@ const auto morePage = registerClass<PaneMorePage>("PaneMorePage")
                           .initialiser<CGSize>()
                           .method("bump:", &PaneMorePage::bump)
                           .method("readNothing", &PaneMorePage::readNothing)
+                          .method(forgingSelector, &PaneMorePage::readNothing)
                           .method("callNothing", &PaneMorePage::callNothing)
                           .method("divideByZero", &PaneMorePage::divideByZero)
                           .method("beImpossible", &PaneMorePage::beImpossible)
