@@ -6,7 +6,9 @@
 #include <dlfcn.h>
 #include <elf.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <link.h>
+#include <sys/file.h>
 #include <unistd.h>
 #include <vector>
 
@@ -55,17 +57,26 @@ bool writeAll(int file, std::string_view bytes)
     return true;
 }
 
-/// Beside the module, since it may look for its own libraries from where it lies.
+bool isNamed(const FileDescriptor& file, const std::string& name)
+{
+    struct stat own { };
+    struct stat named { };
+    return ::fstat(file.number(), &own) == 0 && ::lstat(name.c_str(), &named) == 0
+        && own.st_dev == named.st_dev && own.st_ino == named.st_ino;
+}
+
+/// Beside the module, since it may look for its own libraries from where it lies. Its maker holds its lock,
+/// so that a copy whose lock nobody holds is one that a crash has left.
 class Copy {
 public:
     Copy(const std::string& path, std::string_view bytes)
     {
         const auto slash = path.rfind('/') + 1;
-        _name = path.substr(0, slash) + "." + path.substr(slash) + ".XXXXXX";
-        const FileDescriptor file(::mkostemp(_name.data(), O_CLOEXEC));
-        if (!file)
-            _name.clear();
-        else if (!writeAll(file.number(), bytes))
+        const auto folder = path.substr(0, slash);
+        const auto beginning = "." + path.substr(slash) + ".";
+        removeLeftOver(folder, beginning);
+        for (int attempt = 0; attempt < mostAttempts && !make(folder + beginning); ++attempt) { }
+        if (!_name.empty() && !writeAll(_file.number(), bytes))
             remove();
     }
     ~Copy() { remove(); }
@@ -76,6 +87,38 @@ public:
     const std::string& name() const { return _name; }
 
 private:
+    static constexpr int mostAttempts = 16;
+    static constexpr std::string_view ending = "XXXXXX";
+
+    static void removeLeftOver(const std::string& folder, const std::string& beginning)
+    {
+        std::error_code error;
+        auto entries = std::filesystem::directory_iterator(folder, error);
+        for (const std::filesystem::directory_iterator end; !error && entries != end;
+             entries.increment(error)) {
+            const auto name = entries->path().filename().string();
+            if (name.size() != beginning.size() + ending.size() || !name.starts_with(beginning)
+                || !entries->is_regular_file(error))
+                continue;
+            const auto path = folder + name;
+            const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+            if (file && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0 && isNamed(file, path))
+                ::unlink(path.c_str());
+        }
+    }
+
+    /// False when another process saw the file before its lock and takes it away.
+    bool make(const std::string& beginning)
+    {
+        _name = beginning + std::string(ending);
+        _file = FileDescriptor(::mkostemp(_name.data(), O_CLOEXEC));
+        const bool isTaken = _file && ::flock(_file.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        if (_file && !isTaken && isNamed(_file, _name))
+            return true;
+        _name.clear();
+        return !_file; // Then another attempt makes none either.
+    }
+
     void remove()
     {
         if (!_name.empty())
@@ -84,6 +127,7 @@ private:
     }
 
     std::string _name;
+    FileDescriptor _file;
 };
 
 }

@@ -41,7 +41,8 @@ public:
     /// A second build of a module must not meet the first: the loader takes the same path for the same
     /// module, and variables that the compiler marked as unique in the process (those of inline functions and
     /// templates) for the first build's, which it then never lets go. So such a module is loaded by way of a
-    /// copy beside it, which is gone again when it has been loaded, and in which these are ordinary.
+    /// copy beside it, which is gone again when it has been loaded, and in which these are ordinary. A copy
+    /// that was left because the module crashed while it was loaded goes before the next one is made.
     void* load() const;
 
 private:

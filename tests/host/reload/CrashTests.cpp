@@ -6,6 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <fcntl.h>
+#include <set>
+#include <sys/file.h>
+#include <unistd.h>
 
 // Crashes of a bundle in the program that drives it by script; those in a window are reload-story.py's.
 
@@ -25,6 +29,21 @@ protected:
     {
         const auto lines = run.errors.trimmed().split('\n');
         return lines.back().toStdString();
+    }
+
+    /// The bundle's folder below the root.
+    std::filesystem::path installed() const
+    {
+        return folder.path() / "root/Library/PreferenceBundles/Pane.bundle";
+    }
+    std::set<std::string> hiddenFiles() const
+    {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(installed())) {
+            if (entry.path().filename().string().starts_with('.'))
+                names.insert(entry.path().filename().string());
+        }
+        return names;
     }
 
     TemporaryFolder folder;
@@ -94,6 +113,34 @@ TEST_F(Crash, OutsideOfAnActionSaysDuringWhat)
             std::string("Pane.bundle crashed: it used memory at 0x0, where there is none (SIGSEGV), ") + deed
                 + ", in pane::Wrongdoer::readNothing(), called by " + caller + ".");
     }
+}
+
+TEST_F(Crash, WhileItIsLoadedLeavesNoFilesBehindTheNextLoading)
+{
+    pane.build("crash_on_loading");
+    for (int run = 0; run < 3; ++run) {
+        EXPECT_EQ(drive("page\n").status, 2);
+        EXPECT_LE(hiddenFiles().size(), 1U) << "what the last crash has left";
+    }
+    pane.build("good1");
+    EXPECT_EQ(drive("page\n").status, 0);
+    EXPECT_EQ(hiddenFiles().size(), 0U);
+}
+
+TEST_F(Crash, WhileItIsLoadedTakesNoFileFromAnotherProcess)
+{
+    pane.build("good1");
+    ASSERT_EQ(drive("page\n").status, 0);
+    const std::string names[] = { ".Pane.abc123", ".Pane.abc1234", ".Other.abc123" };
+    for (const auto& name : names)
+        writeTestFile(installed() / name, "somebody's");
+    const int file = ::open((installed() / names[0]).c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(file, LOCK_EX | LOCK_NB), 0);
+    EXPECT_EQ(drive("page\n").status, 0);
+    EXPECT_EQ(hiddenFiles(), (std::set<std::string> { names[0], names[1], names[2] })) << "it is in use";
+    ::close(file);
+    EXPECT_EQ(drive("page\n").status, 0);
+    EXPECT_EQ(hiddenFiles(), (std::set<std::string> { names[1], names[2] })) << "those are not its own";
 }
 
 TEST_F(Crash, AnExceptionWhileItOpensIsToldToo)
