@@ -3,6 +3,7 @@
 #include "crash/CrashHandler.h"
 #include "crash/CrashNote.h"
 #include "MainWindow.h"
+#include "OnDisplay.h"
 #include "Pictures.h"
 #include "platform/qt/NotifyCenter.h"
 #include "record/Recorder.h"
@@ -16,7 +17,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 
@@ -28,15 +28,6 @@ namespace {
 
 constexpr int cannotBegin = 2;
 constexpr const char* pictureFolder = "pictures"; // Below the folder that the program is started in.
-
-bool hasDisplay()
-{
-    const auto isSet = [](const char* name) {
-        const auto* const value = std::getenv(name);
-        return value && *value;
-    };
-    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
-}
 
 void noteMissingBus()
 {
@@ -80,10 +71,11 @@ int runWindow(int argc, char** argv, PhoneOptions options, Scale scale, const st
     const std::optional<CrashReport>& crash)
 {
     const auto onScreen = hasDisplay();
-    // A crash right after a crash would be one without end.
-    handleCrashes(argv, onScreen && !crash ? AfterCrash::StartAgain : AfterCrash::SayAndEnd);
     const auto application
-        = onScreen ? std::make_unique<QApplication>(argc, argv) : applicationWithoutDisplay(options.root);
+        = onScreen ? applicationOnDisplay(argc, argv, cannotBegin) : applicationWithoutDisplay(options.root);
+    // Only now, as the toolkit aborts where it cannot begin. A crash right after a crash would be one without
+    // end.
+    handleCrashes(argv, onScreen && !crash ? AfterCrash::StartAgain : AfterCrash::SayAndEnd);
     QApplication::setApplicationDisplayName(QStringLiteral("Settings"));
     QApplication::setDesktopFileName(QStringLiteral("vekora-host"));
 

@@ -151,6 +151,16 @@ TEST_F(Crash, AnExceptionWhileItOpensIsToldToo)
     EXPECT_EQ(lastError(run), "The bundle threw an exception while it was opened: the cupboard is bare.");
 }
 
+TEST_F(Crash, IsNotADisplayThatCannotBeReached)
+{
+    const auto root = QString::fromStdString((folder.path() / "root").string());
+    const auto run = runHost({ "--root", root }, {}, { "DISPLAY=:99999", "QT_QPA_PLATFORM=xcb" });
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors,
+        "No window can be opened: the display cannot be reached (DISPLAY=:99999, QT_QPA_PLATFORM=xcb).\n");
+}
+
 TEST_F(Crash, IsNotWhatAnotherProcessSends)
 {
     pane.build("good1");
