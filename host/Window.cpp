@@ -94,7 +94,7 @@ int runWindow(int argc, char** argv, PhoneOptions options, Scale scale, const st
     }
     Reloader reloader(*phone);
     if (crash)
-        reloader.openAfter(*crash, note.value_or(CrashNote()));
+        reloader.openAfter(*crash, note);
     else
         reloader.open();
     if (!onScreen)

@@ -2,6 +2,8 @@
 
 #include "platform/qt/ModuleFile.h"
 
+#include <QCryptographicHash>
+
 #include <algorithm>
 #include <filesystem>
 #include <vector>
@@ -43,7 +45,10 @@ std::string stateOfFolder(const std::string& folder)
         }
         text += '\n';
     }
-    return text;
+    if (text.empty())
+        return {};
+    const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().toStdString();
 }
 
 bool isComplete(const std::string& folder)

@@ -4,8 +4,8 @@
 
 namespace host {
 
-/// What lies in a bundle's folder, hidden files left out, as one text: another one whenever a file in it was
-/// written, replaced, added or removed. Empty without a folder.
+/// What lies in a bundle's folder, hidden files left out, as one short text, however much it is: another one
+/// whenever a file in it was written, replaced, added or removed. Empty without a folder.
 std::string stateOfFolder(const std::string& folder);
 
 /// Whether everything that belongs to a bundle seems to be there, and to be written to its end. A linker that

@@ -52,17 +52,20 @@ void Reloader::open()
     say(_phone.openBundle());
 }
 
-void Reloader::openAfter(const CrashReport& crash, const CrashNote& note)
+void Reloader::openAfter(const CrashReport& crash, const std::optional<CrashNote>& note)
 {
     const auto story = tellCrash(crash, _phone.options().root);
-    _state = note.folderState;
+    // Where nothing is known of the state that crashed, the present one counts as that: it is not to be
+    // loaded and to crash again and again.
+    _state = note ? note->folderState : stateOfFolder(_phone.bundleFolder());
     say(story.sentence());
     _phone.showError({
         .heading = story.who + " crashed",
         .reason = "It " + story.reason + ".",
         .places = story.places,
     });
-    _phone.setPagePath(note.pages);
+    if (note)
+        _phone.setPagePath(note->pages);
     noteState();
 }
 

@@ -24,8 +24,8 @@ public:
     /// Opens the bundle for the first time. What goes wrong is said on standard error too, here and later.
     void open();
     /// Shows what crashed, in the former state of the process, and leaves the bundle alone until it has
-    /// changed or the person asks for it.
-    void openAfter(const CrashReport&, const CrashNote&);
+    /// changed or the person asks for it. Without a note, as one that was too long, changes count from now.
+    void openAfter(const CrashReport&, const std::optional<CrashNote>&);
     /// Watches the bundle's folder, and Ctrl+R in the window, as soon as the window has shown its first
     /// picture: not before, as it takes some time.
     void watch(QWidget& window);

@@ -190,3 +190,18 @@ TEST(FolderState, KnowsAFileByMoreThanItsSizeAndTime)
     EXPECT_NE(stateOfFolder(folder.path()), before);
     EXPECT_EQ(stateOfFolder((folder.path() / "nowhere").string()), "");
 }
+
+TEST(FolderState, IsAsShortOfThousandsOfFilesAsOfOne)
+{
+    const TemporaryFolder folder;
+    writeTestFile(folder.path() / "one", "");
+    const auto ofOne = stateOfFolder(folder.path());
+    constexpr int files = 2000;
+    for (int file = 0; file < files; ++file)
+        writeTestFile(folder.path() / ("a picture of some kind " + std::to_string(file)), "");
+    const auto ofMany = stateOfFolder(folder.path());
+    EXPECT_EQ(ofMany.size(), ofOne.size());
+    EXPECT_EQ(stateOfFolder(folder.path()), ofMany);
+    std::filesystem::remove(folder.path() / "a picture of some kind 1999");
+    EXPECT_NE(stateOfFolder(folder.path()), ofMany);
+}
