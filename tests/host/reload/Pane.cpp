@@ -114,6 +114,7 @@ public:
         _specifiers.emplace();
         if (BUILD > 1)
             add("New in build " + std::to_string(BUILD), "bump:");
+        add("First", "bump:");
         for (const char* harm : { "readNothing", "callNothing", "divideByZero", "beImpossible", "giveUp",
                  "readBeyondAFile", "complain", "complainOddly", "neverReturn" })
             add(harm, harm);
