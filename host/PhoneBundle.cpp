@@ -122,9 +122,6 @@ void Phone::makePagesAnew()
 
 void Phone::closePages()
 {
-    const auto callbacks = _whenPagesGo;
-    for (const auto& [number, callback] : callbacks)
-        callback();
     _window->touchCancelled();
     while (auto* const topmost = UIAlertView::topmost()) {
         // Whoever is told of the end of the editing may take the alert away.
@@ -133,6 +130,11 @@ void Phone::closePages()
             field->resignFirstResponder();
         alert->removeFromSuperview();
     }
+    if (auto* const field = _window->firstResponder())
+        field->resignFirstResponder();
+    const auto callbacks = _whenPagesGo;
+    for (const auto& [number, callback] : callbacks)
+        callback();
     _navigation->setRoot(nullptr);
     // With the layout the pages really go.
     _navigation->view().layoutIfNeeded();

@@ -13,11 +13,12 @@ namespace platform {
 /// A folder below the device's root with an Info.plist, a loadable module and resources.
 class NSBundle {
 public:
-    /// Reads Info.plist and loads the module, once for each folder while somebody holds the bundle; when the
-    /// last one lets go of it its classes are not found any more, and the module is unloaded with the next
-    /// that goes, as soon as no object of its classes is alive. On failure `error` holds one sentence with
-    /// the true reason (no such file, no Info.plist, no such principal class, unresolved symbol NAME).
-    /// Another build loaded afterwards, from the same path too, shares nothing with this one.
+    /// Reads Info.plist and loads the module, once for each folder while somebody holds the bundle. The last
+    /// one to let go of it unloads the module, so objects of its classes have to go before, and whatever
+    /// knows them weakly; a module that still has some stays in memory for as long, but its classes are not
+    /// found any more. On failure `error` holds one sentence with the true reason (no such file, no
+    /// Info.plist, no such principal class, unresolved symbol NAME). Another build loaded afterwards, from
+    /// the same path too, shares nothing with this one.
     static std::shared_ptr<NSBundle> loadBundleAtPath(std::string_view devicePath, std::string& error);
 
     const std::string& path() const { return _path; } ///< The device's.

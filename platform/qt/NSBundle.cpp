@@ -73,14 +73,14 @@ std::map<std::string, std::weak_ptr<NSBundle>>& loadedBundles()
     return bundles;
 }
 
-/// Of bundles that nobody holds any more.
-struct RetiredModule {
+/// Of bundles that nobody holds any more, but some of whose objects are alive.
+struct KeptModule {
     void* module;
     NSBundle::CodeRange code;
 };
-std::vector<RetiredModule>& retiredModules()
+std::vector<KeptModule>& keptModules()
 {
-    static auto* const modules = new std::vector<RetiredModule>;
+    static auto* const modules = new std::vector<KeptModule>;
     return *modules;
 }
 
@@ -188,16 +188,14 @@ NSBundle::~NSBundle()
     if (!_module)
         return;
     Class::forgetClassesOfBundle(_path);
-    // Whoever knew an object weakly may still hold what the module's code has to free, so a module stays
-    // until the next one goes.
-    auto& modules = retiredModules();
-    std::erase_if(modules, [](const auto& retired) {
-        const auto canGo = classesOfObjectsIn(retired.code).empty();
+    auto& modules = keptModules();
+    modules.push_back({ _module, codeRange() });
+    std::erase_if(modules, [](const auto& kept) {
+        const auto canGo = classesOfObjectsIn(kept.code).empty();
         if (canGo)
-            ::dlclose(retired.module);
+            ::dlclose(kept.module);
         return canGo;
     });
-    modules.push_back({ _module, codeRange() });
 }
 
 bool NSBundle::isUpToDate() const
