@@ -1,6 +1,8 @@
 #include "CrashHandler.h"
 
+#include "CrashFrames.h"
 #include "CrashText.h"
+#include "CrashWriter.h"
 
 #include <algorithm>
 #include <atomic>
@@ -9,11 +11,8 @@
 #include <cstring>
 #include <cxxabi.h>
 #include <exception>
-#include <fcntl.h>
 #include <sys/mman.h>
-#include <ucontext.h>
 #include <unistd.h>
-#include <unwind.h>
 
 namespace host {
 
@@ -24,7 +23,6 @@ constexpr std::size_t stackSize = 512UL * 1024; // Bytes; sanitizers need a good
 constexpr std::size_t longestNote = 64UL * 1024;
 constexpr std::size_t longestPath = 4096;
 constexpr std::size_t mostVariables = 4096;
-constexpr int mostFrames = 64;
 constexpr unsigned longestWriting = 3; // Seconds.
 constexpr int reportFile = 3; // The descriptor by which the program finds the report.
 
@@ -47,7 +45,6 @@ struct State {
     std::atomic<int> stage { 0 }; ///< How many crashes have begun to be handled.
     std::atomic<pid_t> thread { 0 }; ///< Whose crash is handled.
     int report = -1;
-    std::uintptr_t frames[mostFrames] = {};
 };
 State state;
 
@@ -66,123 +63,8 @@ template <std::size_t Size> void keepLine(char (&target)[Size], std::string_view
     std::replace_if(target, target + std::strlen(target), isControl, ' ');
 }
 
-std::uintptr_t programCounter(const ucontext_t& context)
-{
-#if defined(__x86_64__)
-    return static_cast<std::uintptr_t>(context.uc_mcontext.gregs[REG_RIP]);
-#elif defined(__aarch64__)
-    return context.uc_mcontext.pc;
-#else
-    static_cast<void>(context);
-    return 0;
-#endif
-}
-
-std::uintptr_t stackPointer(const ucontext_t& context)
-{
-#if defined(__x86_64__)
-    return static_cast<std::uintptr_t>(context.uc_mcontext.gregs[REG_RSP]);
-#elif defined(__aarch64__)
-    return context.uc_mcontext.sp;
-#else
-    static_cast<void>(context);
-    return 0;
-#endif
-}
-
-/// As if the call of a function where there is none had not been made: what was called from there on says
-/// nothing, who called it is on the stack.
-void goBackToCaller(ucontext_t& context)
-{
-#if defined(__x86_64__)
-    auto& stack = context.uc_mcontext.gregs[REG_RSP];
-    context.uc_mcontext.gregs[REG_RIP] = *reinterpret_cast<const greg_t*>(stack) - 1;
-    stack += sizeof(greg_t);
-#elif defined(__aarch64__)
-    context.uc_mcontext.pc = context.uc_mcontext.regs[30] - 4;
-#else
-    static_cast<void>(context);
-#endif
-}
-
-_Unwind_Reason_Code takeFrame(_Unwind_Context* context, void* data)
-{
-    auto& count = *static_cast<int*>(data);
-    // Of a call, the place after it; one before is the call's own line, and its function's for certain.
-    int isPlaceItself = 0;
-    const auto place = _Unwind_GetIPInfo(context, &isPlaceItself);
-    state.frames[count++] = isPlaceItself || place == 0 ? place : place - 1;
-    return count < mostFrames ? _URC_NO_REASON : _URC_END_OF_STACK;
-}
-
-/// Only what a signal's handler may call.
-class Writer {
-public:
-    explicit Writer(int file)
-        : _file(file)
-    {
-    }
-    void text(const char* text) const { bytes(text, std::strlen(text)); }
-    void bytes(const char* bytes, std::size_t count) const
-    {
-        while (count > 0) {
-            const auto written = ::write(_file, bytes, count);
-            if (written <= 0)
-                return;
-            bytes += written;
-            count -= static_cast<std::size_t>(written);
-        }
-    }
-    void line(const char* key, const char* value) const
-    {
-        text(key);
-        text(value);
-        text("\n");
-    }
-    void line(const char* key, std::uintptr_t number) const
-    {
-        constexpr int digits = 16;
-        char value[digits + 1] = {};
-        for (int digit = digits; digit-- > 0; number >>= 4U)
-            value[digit] = "0123456789abcdef"[number & 0xfU];
-        line(key, value);
-    }
-    void contentsOf(const char* path) const
-    {
-        const int file = ::open(path, O_RDONLY | O_CLOEXEC);
-        char buffer[4096];
-        for (ssize_t count = 0; (count = ::read(file, buffer, sizeof buffer)) > 0;)
-            bytes(buffer, static_cast<std::size_t>(count));
-        if (file >= 0)
-            ::close(file);
-    }
-
-private:
-    int _file;
-};
-
-void writeFrames(const Writer& report, const siginfo_t& info, ucontext_t& context)
-{
-    if (info.si_signo == SIGSEGV
-        && programCounter(context) == reinterpret_cast<std::uintptr_t>(info.si_addr)) {
-        report.line(crashtext::frame, programCounter(context));
-        goBackToCaller(context);
-    }
-    const auto here = programCounter(context);
-    int count = 0;
-    _Unwind_Backtrace(takeFrame, &count);
-    // Up to the place of the crash these are the handler's own.
-    int first = 0;
-    while (first < count && state.frames[first] != here)
-        ++first;
-    if (first == count)
-        report.line(crashtext::frame, here);
-    for (int index = first < count ? first : 0; index < count; ++index)
-        report.line(crashtext::frame, state.frames[index]);
-}
-
 /// The report's end, which is known beforehand and costs nothing.
-void writeNote(const Writer& report)
+void writeNote(const CrashWriter& report)
 {
     const auto note = state.note.load();
     report.text(crashtext::note);
@@ -203,7 +85,7 @@ void writeNote(const Writer& report)
 
 void finish(int)
 {
-    const Writer report(state.report);
+    const CrashWriter report(state.report);
     report.text("\n");
     writeNote(report);
     startAnew(state.report);
@@ -245,7 +127,7 @@ void crashed(int signal, siginfo_t* info, void* data)
     ::sigaction(SIGALRM, &late, nullptr);
     ::alarm(longestWriting);
 
-    const Writer report(state.report);
+    const CrashWriter report(state.report);
     const auto address = reinterpret_cast<std::uintptr_t>(info->si_addr);
     const auto distance
         = address > stackPointer(context) ? address - stackPointer(context) : stackPointer(context) - address;
