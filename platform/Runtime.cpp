@@ -1,8 +1,8 @@
 #include "Runtime.h"
 
+#include "Demangle.h"
+
 #include <algorithm>
-#include <cstdlib>
-#include <cxxabi.h>
 #include <mutex>
 #include <vector>
 
@@ -38,10 +38,7 @@ Objects& objects()
 
 std::string plainName(const std::type_info& type)
 {
-    int status = 0;
-    const std::unique_ptr<char, decltype(&std::free)> demangled(
-        abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), &std::free);
-    std::string name = status == 0 ? demangled.get() : type.name();
+    auto name = demangled(type.name());
     name.erase(std::find(name.begin(), name.end(), '<'), name.end());
     if (const auto colon = name.rfind(':'); colon != std::string::npos)
         name.erase(0, colon + 1);

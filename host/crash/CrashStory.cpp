@@ -1,14 +1,13 @@
 #include "CrashStory.h"
 
+#include "platform/Demangle.h"
 #include "SymbolFile.h"
 
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <cxxabi.h>
 #include <filesystem>
 #include <map>
-#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -68,12 +67,9 @@ template <typename Table> bool beginsWithOneOf(const std::string& text, const Ta
         [&](const char* beginning) { return text.starts_with(beginning); });
 }
 
-std::string demangled(const std::string& name)
+std::string readable(const std::string& symbol)
 {
-    int status = 0;
-    const std::unique_ptr<char, decltype(&std::free)> text(
-        abi::__cxa_demangle(name.c_str(), nullptr, nullptr, &status), &std::free);
-    std::string result = status == 0 ? text.get() : name;
+    auto result = platform::demangled(symbol);
     for (const auto& [written, meant] : shorterNames) {
         for (auto at = result.find(written); at != std::string::npos; at = result.find(written, at))
             result.replace(at, written.size(), meant);
@@ -132,7 +128,7 @@ public:
                 continue;
             const auto path = plainPath(mapping.file);
             const auto found = _files.try_emplace(path.string(), path.string()).first;
-            return { demangled(found->second.functionAt(address - mapping.begin + mapping.offset)),
+            return { readable(found->second.functionAt(address - mapping.begin + mapping.offset)),
                 path.filename().string(), bundleAround(path, _root) };
         }
         return {};
@@ -190,8 +186,8 @@ std::string whatHappened(const CrashReport& report)
     case SIGABRT:
         if (report.exception.empty())
             return "gave up (SIGABRT)";
-        return "threw " + demangled(report.exception)
-            + (report.what.empty() ? "" : " (“" + report.what + "”)") + ", which nobody caught";
+        return "threw " + readable(report.exception) + (report.what.empty() ? "" : " (“" + report.what + "”)")
+            + ", which nobody caught";
     default:
         return "came to an end";
     }

@@ -6,12 +6,11 @@
 #include "host/WithoutDisplay.h"
 #include "ModuleCheck.h"
 #include "PageRows.h"
+#include "platform/Demangle.h"
 #include "platform/NSBundle.h"
 #include "platform/PSListController.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <cxxabi.h>
 #include <dlfcn.h>
 
 namespace host {
@@ -22,14 +21,6 @@ namespace {
 
 constexpr std::size_t deepest = 8; // Pages below one another; a page may lead back to itself.
 constexpr int mostPages = 100;
-
-std::string readable(const std::string& symbol)
-{
-    int status = 0;
-    const std::unique_ptr<char, decltype(&std::free)> name(
-        abi::__cxa_demangle(symbol.c_str(), nullptr, nullptr, &status), &std::free);
-    return status == 0 ? name.get() : symbol;
-}
 
 /// Symbols that neither this program nor the module's libraries have; empty as well when a library cannot be
 /// looked into.
@@ -45,7 +36,7 @@ std::string missingSymbols(const std::filesystem::path& module)
     for (const auto& symbol : neededSymbols(module)) {
         const auto has = [&](void* handle) { return ::dlsym(handle, symbol.c_str()) != nullptr; };
         if (std::none_of(handles.begin(), handles.end(), has))
-            missing.insert(readable(symbol));
+            missing.insert(demangled(symbol));
     }
     std::string names;
     for (const auto& name : missing)

@@ -1,12 +1,11 @@
 #include "platform/NSBundle.h"
 #include "DeviceFiles.h"
 #include "ModuleFile.h"
+#include "platform/Demangle.h"
 #include "platform/NSMutableDictionary.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <cxxabi.h>
 #include <dlfcn.h>
 #include <link.h>
 #include <map>
@@ -26,14 +25,6 @@ public:
     RegistrationScope(const RegistrationScope&) = delete;
     RegistrationScope& operator=(const RegistrationScope&) = delete;
 };
-
-std::string demangled(const std::string& symbol)
-{
-    int status = 0;
-    const std::unique_ptr<char, decltype(&std::free)> name(
-        abi::__cxa_demangle(symbol.c_str(), nullptr, nullptr, &status), &std::free);
-    return status == 0 ? name.get() : symbol;
-}
 
 std::string lastLoadError()
 {
