@@ -55,15 +55,17 @@ void TimelineModel::dropOldest()
         return;
     // Some more than must be, so that not every further entry moves all of them.
     const auto count = _entries.size() - _limit + _limit / 100;
+    const auto gone = std::lower_bound(_shown.begin(), _shown.end(), _first + count);
+    const bool isSeen = gone != _shown.begin();
+    // Whoever hears of it beforehand may still ask for what the rows hold.
+    if (isSeen)
+        beginRemoveRows({}, 0, static_cast<int>(gone - _shown.begin()) - 1);
+    _shown.erase(_shown.begin(), gone);
     _entries.erase(_entries.begin(), _entries.begin() + static_cast<std::ptrdiff_t>(count));
     _first += count;
     _next = std::max(_next, _first);
-    const auto gone = std::lower_bound(_shown.begin(), _shown.end(), _first);
-    if (gone == _shown.begin())
-        return;
-    beginRemoveRows({}, 0, static_cast<int>(gone - _shown.begin()) - 1);
-    _shown.erase(_shown.begin(), gone);
-    endRemoveRows();
+    if (isSeen)
+        endRemoveRows();
 }
 
 void TimelineModel::flush()

@@ -107,6 +107,26 @@ TEST(Timeline, IsBoundedWhileNobodyLooks)
     EXPECT_EQ(model.entry(model.rowCount() - 1).name(), "999");
 }
 
+TEST(Timeline, HoldsTheRowsThatAreAboutToGo)
+{
+    TimelineModel model(nullptr, 100);
+    QStringList going;
+    QObject::connect(
+        &model, &TimelineModel::rowsAboutToBeRemoved, [&](const QModelIndex&, int first, int last) {
+            for (int row = first; row <= last; ++row)
+                going += model.entry(row).name();
+        });
+    for (int index = 0; index < 100; ++index)
+        post(std::to_string(index));
+    model.flush();
+    for (int index = 100; index < 102; ++index)
+        post(std::to_string(index));
+    model.flush();
+    EXPECT_EQ(going, (QStringList { "0", "1", "2" }));
+    EXPECT_EQ(model.rowCount(), 99);
+    EXPECT_EQ(model.entry(0).name(), "3");
+}
+
 TEST(Timeline, CountsThePaintsOfADisplayPassInOneEntry)
 {
     TimelineModel model;
