@@ -4,8 +4,6 @@
 #include "platform/UIAlertView.h"
 #include "platform/UITextField.h"
 
-#include <algorithm>
-
 namespace host {
 
 using namespace platform;
@@ -41,17 +39,8 @@ TextSelection selectionOf(const Element& element)
 
 bool selectText(const Element& element, TextSelection selection)
 {
-    auto* const edited = editedIn(element);
-    if (!edited)
-        return false;
-    const auto length = static_cast<int>(edited->text().size());
-    const auto begin = std::clamp(selection.begin, 0, length);
-    const auto end = std::clamp(selection.end, 0, length);
-    edited->setCursorPosition(begin);
-    if (begin != end)
-        edited->setSelection(begin, end - begin);
-    fieldOf(element)->setNeedsDisplay();
-    return true;
+    auto* const field = fieldOf(element);
+    return field && field->editor().select(selection.begin, selection.end);
 }
 
 bool replaceText(Screen& screen, const Element& element, TextSelection selection, const QString& text)

@@ -1,5 +1,7 @@
 #include "RecordTest.h"
 
+#include "host/access/ElementTree.h"
+#include "host/access/FieldText.h"
 #include "host/driver/ViewSearch.h"
 #include "platform/qt/TextEditor.h"
 #include "platform/UIAlertView.h"
@@ -133,6 +135,31 @@ TEST_F(Recordings, TypesPastesAndSelects)
     EXPECT_EQ(script().substr(script().find('\n') + 1),
         "type \"ab\"\nkey Backspace\nselect 7 6\npaste \"say \\\"\\$5\\\"\"\nselect 14 0\nkey Backspace\n"
         "key Return\n");
+    expectSameReplay();
+}
+
+TEST_F(Recordings, WhatAScreenReaderSelectsAndInserts)
+{
+    record();
+    const auto field = [&] {
+        phone->settle();
+        auto read = host::readScreen(window(), phone->navigation());
+        for (const auto* element : host::focusableElements(read)) {
+            if (element->id.role == host::ElementRole::TextField)
+                return *element;
+        }
+        throw std::runtime_error("There is no text field.");
+    };
+    host::Screen screen(*phone);
+    tapAt(middleOfClass("UITextField"));
+    const auto begin = script();
+    ASSERT_TRUE(host::selectText(field(), { 1, 3 }));
+    window().firstResponder()->editor().paste("(");
+    ASSERT_TRUE(host::selectText(field(), { 1, 1 }));
+    ASSERT_TRUE(host::replaceText(screen, field(), { 3, 99 }, QStringLiteral("end")));
+    EXPECT_EQ(
+        script().substr(begin.size()), "select 1 3\ntype \"(\"\nselect 1 1\nselect 3 5\npaste \"end\"\n");
+    EXPECT_EQ(field().text, "V(oend");
     expectSameReplay();
 }
 
