@@ -6,7 +6,18 @@ namespace host {
 
 namespace {
 
-constexpr std::string_view usage = "write, vanish, readonly, half-written or off";
+/// All its words, as in "write, vanish or off".
+const std::string& usage()
+{
+    static const auto usage = [] {
+        const auto all = faultWords();
+        std::string text(all.front().word);
+        for (const auto& known : all.subspan(1))
+            text += (&known == &all.back() ? " or " : ", ") + std::string(known.word);
+        return text;
+    }();
+    return usage;
+}
 
 QJsonObject fault(Driver&, Words words)
 {
@@ -17,17 +28,14 @@ QJsonObject fault(Driver&, Words words)
         faults.make(known.fault);
         return { { "nextWriteFails", faults.nextWriteFails() }, { "readOnly", faults.isReadOnly() } };
     }
-    throw CommandFailure("fault takes " + std::string(usage) + ", not " + quoted(words[0]) + ".");
+    throw CommandFailure("fault takes " + usage() + ", not " + quoted(words[0]) + ".");
 }
-
-constexpr DriverCommand commands[] = {
-    { "fault", 1, 1, usage, fault },
-};
 
 }
 
 std::span<const DriverCommand> faultCommands()
 {
+    static const DriverCommand commands[] = { { "fault", 1, 1, usage(), fault } };
     return commands;
 }
 

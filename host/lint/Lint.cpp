@@ -5,7 +5,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
+#include <set>
 #include <stdexcept>
+#include <string_view>
 
 namespace host {
 
@@ -13,11 +16,13 @@ namespace {
 
 constexpr int somethingIsWrong = 1;
 
+/// By the file and the place of the row that they are of.
+using FindingsOfRows = std::map<std::pair<std::string, std::string>, Findings>;
+
 void checkRow(const BundleContents& contents, const BundleFacts& facts, std::size_t number, std::size_t index,
-    Findings& findings)
+    const std::string& place, Findings& findings)
 {
     const auto& resource = contents.resources[number];
-    const auto place = placeOfRow(resource, index);
     const auto* item = resource.row(index);
     if (!item) {
         findings.push_back({ resource.file, place, "is no dictionary and is left out" });
@@ -35,10 +40,6 @@ void checkRow(const BundleContents& contents, const BundleFacts& facts, std::siz
         for (const auto rule : rules)
             rule(row, report);
     }
-    for (const auto& finding : facts.findings) {
-        if (finding.file == resource.file && finding.place == place)
-            findings.push_back(finding);
-    }
 }
 
 /// In the order in which they are told: Info.plist, the module, rows by resource, and then all other files.
@@ -48,11 +49,13 @@ Findings check(const BundleContents& contents)
     inspectImages(contents, facts);
     Findings findings = contents.unreadable;
     checkInfo(contents, findings);
+    std::set<std::string_view> filesOfRows;
+    for (const auto& resource : contents.resources)
+        filesOfRows.insert(resource.file);
+    FindingsOfRows ofRows;
     for (const auto& finding : facts.findings) {
-        const bool isOfARow = std::any_of(contents.resources.begin(), contents.resources.end(),
-            [&](const auto& resource) { return resource.file == finding.file; });
-        if (!isOfARow)
-            findings.push_back(finding);
+        auto& known = filesOfRows.contains(finding.file) ? ofRows[{ finding.file, finding.place }] : findings;
+        known.push_back(finding);
     }
     for (std::size_t number = 0; number < contents.resources.size(); ++number) {
         const auto& resource = contents.resources[number];
@@ -60,12 +63,13 @@ Findings check(const BundleContents& contents)
             findings.push_back({ resource.file, {}, "\"items\" is no list" });
         Findings shared;
         checkSharedNames(contents, resource, shared);
+        for (const auto& finding : shared)
+            ofRows[{ finding.file, finding.place }].push_back(finding);
         for (std::size_t index = 0; index < resource.size(); ++index) {
-            checkRow(contents, facts, number, index, findings);
-            for (const auto& finding : shared) {
-                if (finding.place == placeOfRow(resource, index))
-                    findings.push_back(finding);
-            }
+            const auto place = placeOfRow(resource, index);
+            checkRow(contents, facts, number, index, place, findings);
+            if (const auto known = ofRows.find({ resource.file, place }); known != ofRows.end())
+                findings.insert(findings.end(), known->second.begin(), known->second.end());
         }
     }
     checkImages(contents, facts, findings);
