@@ -23,6 +23,9 @@ FAULTS = ["write", "vanish", "readonly", "half-written", "off"]
 CONTROLS = ["size", "scale", "locale", "direction", "timezone", "now", "stand", "run", "seconds", "move", "toggle",
             "statusbar", "anew"] + FAULTS
 FIRST_CONTROL = 250, 77  # In the inspector, in pixels, while the page is scrolled to its top.
+# What can be to blame for a file that is gone or halved: nothing in an action, or a button that it may push by chance
+# on the inspector's page that is shown, or any button that the action may come to.
+NOTHING, BUTTON_IN_SIGHT, ANY_BUTTON = range(3)
 SPLITTER = 5
 STATUS_LINE = 30
 
@@ -303,16 +306,27 @@ class Actions:
             shutil.copytree(self.folders.good, self.folders.bundle)
             self.broken = False
 
-    # How often each is done, and whether it may lose the file or halve it.
+    # How often each is done, and what in it may lose the file or halve it.
+
+    def faults_of(self, blame):
+        """Whether the file may vanish, and whether it may be halved, by an action that begins now."""
+        if blame == ANY_BUTTON:
+            return True, True
+        if blame == NOTHING or not self.inspector_is_open():
+            return False, False
+        # The file's page, which it begins with, can delete it; the environment's, with the faults, does either.
+        page = self.memory()["page"]
+        return page in ("", "file", "environment"), page == "environment"
 
     def table(self):
         return [
-            (40, self.tap, False), (16, self.drag, False), (6, self.wheel, False), (8, self.key, False),
-            (4, self.chord, False), (5, self.type, False), (4, self.paste, False), (3, self.edit_text, False),
-            (6, self.go_back, False), (6, self.open_color_page, False), (2, self.other_button, False),
-            (2, self.resize, False), (3, self.resize_back, False), (2, self.look_around_in_inspector, True),
-            (3, self.environment, True), (2, self.fault, True), (4, self.mend_faults, True),
-            (1, self.swap_bundle, False), (6, self.mend_bundle, False), (20, self.edit_color, False),
-            (8, self.edit_value, False), (6, self.interrupt_drag, False),
-            (1, self.be_usual, True),
+            (40, self.tap, BUTTON_IN_SIGHT), (16, self.drag, BUTTON_IN_SIGHT), (6, self.wheel, NOTHING),
+            (8, self.key, BUTTON_IN_SIGHT), (4, self.chord, NOTHING), (5, self.type, BUTTON_IN_SIGHT),
+            (4, self.paste, NOTHING), (3, self.edit_text, BUTTON_IN_SIGHT), (6, self.go_back, NOTHING),
+            (6, self.open_color_page, BUTTON_IN_SIGHT), (2, self.other_button, NOTHING), (2, self.resize, NOTHING),
+            (3, self.resize_back, NOTHING), (2, self.look_around_in_inspector, ANY_BUTTON),
+            (3, self.environment, ANY_BUTTON), (2, self.fault, ANY_BUTTON), (4, self.mend_faults, ANY_BUTTON),
+            (1, self.swap_bundle, NOTHING), (6, self.mend_bundle, NOTHING), (20, self.edit_color, BUTTON_IN_SIGHT),
+            (8, self.edit_value, BUTTON_IN_SIGHT), (6, self.interrupt_drag, BUTTON_IN_SIGHT),
+            (1, self.be_usual, ANY_BUTTON),
         ]

@@ -153,16 +153,19 @@ class Robot:
         begin = self.hand.events
         start = time.monotonic()
         memory = []
+        strict = strict_open = 0  # Actions that must leave a whole file, and those of them beside the inspector.
         while self.hand.events - begin < self.events:
             if len(memory) * self.events <= 10 * (self.hand.events - begin):
                 memory.append(self.memory())
-            _, action, may_lose = self.chance.choices(table, weights)[0]
+            _, action, blame = self.chance.choices(table, weights)[0]
             self.done.append(action.__name__)
             self.counts[action.__name__] += 1
-            if may_lose or self.actions.inspector_is_open():
-                self.looks.may_vanish = self.looks.may_be_halved = True
-            else:
-                self.looks.expect_no_fault()
+            may_vanish, may_be_halved = self.actions.faults_of(blame)
+            self.looks.expect_no_fault()
+            self.looks.may_vanish |= may_vanish
+            self.looks.may_be_halved |= may_be_halved
+            strict += not may_vanish
+            strict_open += not may_vanish and self.actions.inspector_is_open()
             action()
             self.actions.put_in_order()
         seconds = time.monotonic() - start
@@ -170,6 +173,8 @@ class Robot:
         looks = self.looks
         print(f"{self.hand.events - begin} events, {rate:.0f} a second; {looks.count} looks at the file, "
               f"{looks.versions} versions, {looks.missing} times gone, {looks.halved} times half", flush=True)
+        print(f"It had to stay whole in {strict} of {sum(self.counts.values())} actions, {strict_open} of them with "
+              "the inspector open", flush=True)
         memory.append(self.memory())
         print("Resident memory in MiB: " + " ".join(f"{kib / 1024:.0f}" for kib in memory), flush=True)
         print(", ".join(f"{name} {count}" for name, count in sorted(self.counts.items())), flush=True)
