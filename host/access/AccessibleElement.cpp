@@ -76,7 +76,7 @@ AccessibleScreen* AccessibleElement::screen() const
 
 const Element* AccessibleElement::element() const
 {
-    return _view && _id.get() ? findElement(screen()->root(), _id) : nullptr;
+    return _view && _id.get() ? screen()->screen().find(_id) : nullptr;
 }
 
 bool AccessibleElement::isValid() const

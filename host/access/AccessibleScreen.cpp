@@ -19,17 +19,6 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object)
     return view ? new AccessiblePhone(*view) : nullptr; // The toolkit owns it.
 }
 
-const Element* parentIn(const Element& around, const ElementId& id)
-{
-    for (const auto& child : around.children) {
-        if (child.id == id)
-            return &around;
-        if (const auto* found = parentIn(child, id))
-            return found;
-    }
-    return nullptr;
-}
-
 void tell(QAccessibleInterface& interface, QAccessible::Event what)
 {
     QAccessibleEvent event(&interface, what);
@@ -73,53 +62,56 @@ const Element& AccessibleScreen::root()
 
 AccessibleScreen::Known* AccessibleScreen::known(const ElementId& id)
 {
-    const auto found
-        = std::find_if(_known.begin(), _known.end(), [&](const auto& known) { return known.id == id; });
-    return found == _known.end() ? nullptr : &*found;
+    const auto found = _knownByKey.find(ElementKey(id));
+    // Where one has gone and is still known, another may lie now.
+    return found == _knownByKey.end() || !(found->second->id == id) ? nullptr : found->second;
 }
 
-AccessibleScreen::Known& AccessibleScreen::makeKnown(const Element& element)
+AccessibleScreen::Known& AccessibleScreen::makeKnown(const Element& element, const Element* parent)
 {
     auto& made = _known.emplace_back();
     made.id = element.id;
     // The toolkit owns it from now on, which the linter can't see.
     made.number = QAccessible::registerAccessibleInterface(new AccessibleElement(_view, element.id));
     // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
-    if (const auto* const parent = parentIn(root(), element.id))
+    if (parent)
         made.parent = parent->id;
     made.told = withoutChildren(element);
     made.caret = caretOf(element);
+    _knownByKey.insert_or_assign(ElementKey(element.id), &made);
     return made;
 }
 
 QAccessibleInterface* AccessibleScreen::interfaceFor(const ElementId& id)
 {
-    const auto* const element = findElement(root(), id);
-    if (!element)
+    const auto* const place = screen().place(id);
+    if (!place)
         return nullptr;
     const auto* entry = known(id);
-    return QAccessible::accessibleInterface(entry ? entry->number : makeKnown(*element).number);
+    return QAccessible::accessibleInterface(
+        entry ? entry->number : makeKnown(*place->element, place->parent).number);
 }
 
 QAccessibleInterface* AccessibleScreen::parentOf(const ElementId& id)
 {
-    const auto* const parent = parentIn(root(), id);
-    if (!parent)
+    const auto* const place = screen().place(id);
+    if (!place || !place->parent)
         return nullptr;
-    return parent == &root() ? QAccessible::queryAccessibleInterface(&_view) : interfaceFor(parent->id);
+    return place->parent == &root() ? QAccessible::queryAccessibleInterface(&_view)
+                                    : interfaceFor(place->parent->id);
 }
 
 const Element* AccessibleScreen::focused()
 {
     const auto* const element = _view.hasFocus() ? _view.keyboardFocus().keysGoTo() : nullptr;
-    return element ? findElement(root(), element->id) : nullptr;
+    return element ? screen().find(element->id) : nullptr;
 }
 
 void AccessibleScreen::noticeNew(const Element& element)
 {
     for (const auto& child : element.children) {
         if (!known(child.id))
-            makeKnown(child).isNew = true;
+            makeKnown(child, &element).isNew = true;
         noticeNew(child);
     }
 }
@@ -175,12 +167,17 @@ void AccessibleScreen::tellOne(Known& known, const Element& now)
     }
 }
 
-void AccessibleScreen::forgetGone()
+void AccessibleScreen::forgetGone(const ElementIndex& shown)
 {
-    const auto gone = std::stable_partition(_known.begin(), _known.end(),
-        [&](const auto& known) { return findElement(root(), known.id) != nullptr; });
+    const auto gone = std::stable_partition(
+        _known.begin(), _known.end(), [&](const auto& known) { return shown.find(known.id) != nullptr; });
+    if (gone == _known.end())
+        return;
     const std::deque<Known> going(std::make_move_iterator(gone), std::make_move_iterator(_known.end()));
     _known.erase(gone, _known.end());
+    _knownByKey.clear();
+    for (auto& known : _known)
+        _knownByKey.emplace(ElementKey(known.id), &known);
     for (const auto& known : going)
         tellGone(known);
     for (const auto& known : going)
@@ -218,11 +215,12 @@ void AccessibleScreen::tellFocus()
 void AccessibleScreen::tellChanges()
 {
     const auto tree = root(); // Whoever hears of a change may ask for more, which reads the screen anew.
-    forgetGone();
+    const ElementIndex shown(tree);
+    forgetGone(shown);
     noticeNew(tree);
     for (std::size_t index = 0; index < _known.size(); ++index) {
-        if (const auto* now = findElement(tree, _known[index].id))
-            tellOne(_known[index], *now);
+        if (const auto* now = shown.find(_known[index].id))
+            tellOne(_known[index], *now->element);
     }
     if (auto* const context = screen().context(); _context.get() != context) {
         _context = platform::WeakObject(context);

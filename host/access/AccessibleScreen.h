@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Element.h"
+#include "ElementIndex.h"
 
 #include <QAccessible>
 
@@ -11,9 +11,9 @@ namespace host {
 class PhoneView;
 class Screen;
 
-/// Stands between the phone and assistive technologies: keeps an interface for each element that one of them
-/// has asked about, takes it back when the element goes, and tells them what changes. It exists only once one
-/// of them has asked.
+/// Stands between the phone and assistive technologies: keeps an interface for each element that is shown
+/// (until the first change, for each that one of them has asked about), takes it back when the element goes,
+/// and tells them what changes. It exists only once one of them has asked.
 class AccessibleScreen {
 public:
     /// Has the toolkit make interfaces for phone views when it is asked for them. May be called again.
@@ -50,16 +50,17 @@ private:
     };
 
     Known* known(const ElementId&);
-    Known& makeKnown(const Element&);
+    Known& makeKnown(const Element&, const Element* parent);
     void noticeNew(const Element&);
     void tellOne(Known&, const Element& now);
     void tellText(QAccessibleInterface&, Known&, const Element& now);
     void tellFocus();
-    void forgetGone();
+    void forgetGone(const ElementIndex& shown);
     void tellGone(const Known&);
 
     PhoneView& _view;
     std::deque<Known> _known; ///< What is told may make more of them, which must not move these.
+    std::unordered_map<ElementKey, Known*, ElementKeyHash> _knownByKey;
     ElementId _focused;
     platform::WeakObject _context { nullptr };
 };

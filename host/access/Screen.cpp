@@ -25,6 +25,20 @@ const Element& Screen::root()
     return *_root;
 }
 
+const ElementIndex::Place* Screen::place(const ElementId& id)
+{
+    const auto& all = root();
+    if (!_index)
+        _index.emplace(all);
+    return _index->find(id);
+}
+
+const Element* Screen::find(const ElementId& id)
+{
+    const auto* const found = place(id);
+    return found ? found->element : nullptr;
+}
+
 NSObject* Screen::context()
 {
     if (auto* const alert = UIAlertView::topmost(); alert && alert->window() == &_phone.window())

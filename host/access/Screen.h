@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ElementActions.h"
+#include "ElementIndex.h"
 #include "host/Phone.h"
 
 #include <optional>
@@ -17,7 +18,14 @@ public:
     /// As of now. Good until the phone's next change.
     const Element& root();
     /// Something was painted or laid out, so what was read no longer counts.
-    void invalidate() { _root.reset(); }
+    void invalidate()
+    {
+        _index.reset();
+        _root.reset();
+    }
+    /// Null for what is not shown any more; good as long as `root`.
+    const ElementIndex::Place* place(const ElementId&);
+    const Element* find(const ElementId&);
 
     ElementActions& actions() { return _actions; }
     Phone& phone() { return _phone; }
@@ -29,6 +37,7 @@ private:
     Phone& _phone;
     ElementActions _actions;
     std::optional<Element> _root;
+    std::optional<ElementIndex> _index; ///< Of it; made when somebody first looks.
 };
 
 }
