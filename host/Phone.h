@@ -125,6 +125,8 @@ public:
 
     /// Makes every page anew, as if Settings had been closed and opened again.
     void makePagesAnew();
+    /// Lets the page on top appear again, as if one came back to it: most read their files then.
+    void showPageAgain();
 
     /// Called after each change of the environment, whoever made it. Returns a number to stop listening with.
     int listenToEnvironment(std::function<void()>);
@@ -134,6 +136,7 @@ private:
     std::string installBundle(); ///< Returns its device path.
     std::optional<std::string> showFirstPage();
     std::string showErrorPage(ErrorPage::Content);
+    void replacePages(); ///< As `makePagesAnew`, as part of something else.
     void closePages();
     void dropBundle();
     void applyDirection() const;

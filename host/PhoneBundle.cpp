@@ -1,6 +1,7 @@
 #include "Installation.h"
 #include "LoaderEntry.h"
 #include "Phone.h"
+#include "PhoneObserver.h"
 #include "platform/PSListController.h"
 #include "platform/UIAlertView.h"
 #include "platform/UITextField.h"
@@ -109,6 +110,23 @@ void Phone::showError(ErrorPage::Content content)
 }
 
 void Phone::makePagesAnew()
+{
+    const InputSpan input(_observer);
+    if (_observer)
+        _observer->makingPagesAnew();
+    replacePages();
+}
+
+void Phone::showPageAgain()
+{
+    const InputSpan input(_observer);
+    if (_observer)
+        _observer->showingPageAgain();
+    if (auto* const page = _navigation->topViewController())
+        page->viewWillAppear(false);
+}
+
+void Phone::replacePages()
 {
     if (_bundle && !_showsError) {
         _path = pagePath();

@@ -51,7 +51,7 @@ void Phone::setLocale(const std::string& locale)
         return;
     device.locale = _options.locale = locale;
     applyDirection();
-    makePagesAnew();
+    replacePages();
     environmentDidChange();
 }
 
@@ -62,7 +62,7 @@ void Phone::setTimeZone(const std::string& timeZone)
     if (timeZone == device.timeZone)
         return;
     device.timeZone = _options.timeZone = timeZone;
-    makePagesAnew();
+    replacePages();
     environmentDidChange();
 }
 
@@ -73,7 +73,7 @@ void Phone::setDirection(TextDirection direction)
         return;
     _options.direction = direction;
     applyDirection();
-    makePagesAnew();
+    replacePages();
     environmentDidChange();
 }
 
@@ -93,7 +93,7 @@ void Phone::setScale(int scale)
         return;
     device.scale = _options.scale = scale;
     _window->setScale(scale);
-    makePagesAnew(); // Images are loaded, and texts measured, for a scale.
+    replacePages(); // Images are loaded, and texts measured, for a scale.
     environmentDidChange();
 }
 

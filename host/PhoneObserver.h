@@ -11,6 +11,8 @@ public:
     // Each between `inputBegins` and `inputEnds`, before it takes effect.
     virtual void goingBack() = 0;
     virtual void endingEditing() = 0;
+    virtual void makingPagesAnew() = 0;
+    virtual void showingPageAgain() = 0;
 
     /// Layout and painting are finished.
     virtual void phoneSettled() = 0;

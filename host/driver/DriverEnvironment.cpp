@@ -21,8 +21,22 @@ QJsonObject environment(Driver& driver, Words words)
     return { { "environment", values } };
 }
 
+QJsonObject reopen(Driver& driver, Words)
+{
+    driver.phone().makePagesAnew();
+    return {};
+}
+
+QJsonObject reappear(Driver& driver, Words)
+{
+    driver.phone().showPageAgain();
+    return {};
+}
+
 constexpr DriverCommand commands[] = {
     { "environment", 0, 2, "[NAME VALUE]", environment },
+    { "reopen", 0, 0, {}, reopen },
+    { "reappear", 0, 0, {}, reappear },
 };
 
 }

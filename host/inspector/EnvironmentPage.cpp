@@ -4,16 +4,15 @@
 #include "host/driver/ScriptParser.h"
 #include "host/EnvironmentRules.h"
 #include "host/Instant.h"
+#include "PageParts.h"
 #include "platform/Device.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -96,16 +95,6 @@ void addRow(QFormLayout& form, const char* title, auto* field)
     auto* const label = new QLabel(QString::fromUtf8(title));
     label->setMinimumWidth(label->fontMetrics().averageCharWidth() * widestTitle);
     form.addRow(label, field);
-}
-
-template <typename Receiver>
-QPushButton* makeButton(const char* name, const char* title, const char* tip, Receiver* receiver, auto method)
-{
-    auto* const button = new QPushButton(QString::fromUtf8(title), receiver);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(QString::fromUtf8(tip));
-    QObject::connect(button, &QPushButton::clicked, receiver, method);
-    return button;
 }
 
 }
@@ -221,10 +210,9 @@ void EnvironmentPage::addClock(QFormLayout& form)
     addRow(form, "Time", _now);
 
     auto* const kinds = new QHBoxLayout;
-    kinds->addWidget(makeButton("stand", "Stand Still", "The clock stands at this moment", this,
-        [this] { change("now", textFromInstant(NSDate::date(), Device::current().timeZone)); }));
-    kinds->addWidget(
-        makeButton("run", "Run", "The clock is the real one", this, [this] { change("now", "real"); }));
+    addButton(*kinds, "stand", "Stand Still", "The clock stands at this moment", this,
+        [this] { change("now", textFromInstant(NSDate::date(), Device::current().timeZone)); });
+    addButton(*kinds, "run", "Run", "The clock is the real one", this, [this] { change("now", "real"); });
     kinds->addStretch(1);
     addRow(form, "", kinds);
 
@@ -235,20 +223,19 @@ void EnvironmentPage::addClock(QFormLayout& form)
     auto* const move = new QHBoxLayout;
     move->addWidget(_seconds, 1);
     move->addWidget(new QLabel(QStringLiteral("seconds")));
-    move->addWidget(
-        makeButton("move", "Move On", "A clock that stands moves on", this, &EnvironmentPage::moveClock));
+    addButton(*move, "move", "Move On", "A clock that stands moves on", this, &EnvironmentPage::moveClock);
     addRow(form, "Move on by", move);
 }
 
 void EnvironmentPage::addPages(QFormLayout& form)
 {
     auto* const row = new QHBoxLayout;
-    row->addWidget(makeButton("anew", "Open Pages Anew",
+    addButton(*row, "anew", "Open Pages Anew",
         "As if Settings had been closed and opened again: a pane then sees what it looks for only once", this,
         [this] {
             _phone.makePagesAnew();
             tell({});
-        }));
+        });
     row->addStretch(1);
     form.addRow(row);
 }

@@ -242,8 +242,7 @@ void FilePage::openInEditor()
 
 void FilePage::reloadPage()
 {
-    if (auto* const page = _phone.navigation().topViewController())
-        page->viewWillAppear(false);
+    _phone.showPageAgain();
 }
 
 }

@@ -148,6 +148,16 @@ void Recorder::endingEditing()
     write("done\n");
 }
 
+void Recorder::makingPagesAnew()
+{
+    write("reopen\n");
+}
+
+void Recorder::showingPageAgain()
+{
+    write("reappear\n");
+}
+
 void Recorder::goingBack()
 {
     const bool canBeTapped = unscrolledPlaceOf(_phone.window(), _phone.navigation().backButton()).has_value();

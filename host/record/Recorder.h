@@ -36,6 +36,8 @@ public:
     void editingEnds() override;
     void goingBack() override;
     void endingEditing() override;
+    void makingPagesAnew() override;
+    void showingPageAgain() override;
     void phoneSettled() override;
 
 private:

@@ -159,6 +159,31 @@ TEST(EnvironmentCommand, SaysWhatIsWrongAndChangesNothing)
     EXPECT_EQ(compact(ask.ok("environment")), before);
 }
 
+TEST(EnvironmentCommand, ReopenMakesThePagesAnew)
+{
+    Conversation ask(standing());
+    const auto hasStatusBarRow = [&] { return compact(ask.ok("rows")["rows"]).contains("Status Bar Icon"); };
+    ask.ok("environment statusbar on");
+    EXPECT_FALSE(hasStatusBarRow());
+    ask.ok("reopen");
+    EXPECT_TRUE(hasStatusBarRow());
+    ask.ok("tap \"Button Color\"");
+    ask.ok("reopen");
+    EXPECT_EQ(ask.ok("page")["depth"], 2);
+    EXPECT_EQ(ask.error("reopen it"), "reopen takes no further words.");
+}
+
+TEST(EnvironmentCommand, ReappearLetsThePageReadItsFile)
+{
+    Conversation ask(standing());
+    const auto before = ask.ok("digest")["picture"];
+    storePreferences(ask.root());
+    ask.ok("settle");
+    EXPECT_EQ(ask.ok("digest")["picture"], before);
+    ask.ok("reappear");
+    EXPECT_NE(ask.ok("digest")["picture"], before);
+}
+
 TEST(EnvironmentCommand, AFingerThatIsDownLosesItsPage)
 {
     Conversation ask;

@@ -284,6 +284,31 @@ TEST_F(Recordings, TheEnvironmentAndFaults)
     expectSameReplay();
 }
 
+TEST_F(Recordings, PagesThatAreMadeAnewOrAppearAgain)
+{
+    record();
+    phone->setStatusBarLibraryInstalled(true);
+    tapAt(middleOf("Button Color"));
+    phone->makePagesAnew();
+    phone->showPageAgain();
+    phone->goBack();
+    tapAt(middleOf("Vekora Now"));
+    phone->showPageAgain();
+    EXPECT_EQ(script(),
+        "environment statusbar \"on\"\ntap \"Button Color\"\nreopen\nreappear\nback\ntap \"Vekora Now\"\n"
+        "reappear\n");
+    expectSameReplay();
+}
+
+TEST_F(Recordings, ChangesOfTheEnvironmentAreNoReopening)
+{
+    record();
+    phone->setLocale("de_DE");
+    phone->setScale(1);
+    EXPECT_EQ(script().find("reopen"), std::string::npos) << script();
+    expectSameReplay();
+}
+
 TEST_F(Recordings, APressIsInTheFileBeforeItIsFelt)
 {
     record();
