@@ -92,6 +92,7 @@ void FilePage::followPath()
     _watch.setDevicePath(_path);
     _pathLine->setText(QString::fromStdString(_watch.devicePath()));
     _model->restart(_watch.state().entries);
+    ask(false); // What was asked was asked of the other file.
     tell({});
     show(_watch.state());
 }
