@@ -4,7 +4,10 @@
 #include "platform/TextEngine.h"
 
 #include <QFontMetricsF>
+#include <QGlyphRun>
 #include <QPainter>
+#include <QPainterPath>
+#include <QRawFont>
 #include <QString>
 #include <QTextLayout>
 
@@ -61,6 +64,36 @@ double pixelLineHeight(const QFont& font)
 {
     const QFontMetricsF metrics(font);
     return metrics.ascent() + metrics.descent();
+}
+
+// From this size on in pixels, the toolkit fills outlines and keeps no pictures of glyphs.
+constexpr double largeGlyph = 64;
+
+/// Fills the outlines of a line as the font has them, in whole units. The toolkit's own, which are cut to the
+/// font's size, differ in their last bits with what else was drawn before.
+void drawOutlines(QPainter& painter, const QTextLine& line, QPointF origin)
+{
+    for (const auto& run : line.glyphRuns()) {
+        auto font = run.rawFont();
+        const auto size = font.pixelSize();
+        const auto units = font.unitsPerEm();
+        if (units <= 0) { // Of pictures.
+            painter.drawGlyphRun(origin, run);
+            continue;
+        }
+        font.setPixelSize(units);
+        const auto glyphs = run.glyphIndexes();
+        const auto positions = run.positions();
+        QPainterPath outlines;
+        for (qsizetype index = 0; index < glyphs.size(); ++index) {
+            const auto& position = positions[index];
+            const auto place = QTransform::fromTranslate(origin.x() + position.x(), origin.y() + position.y())
+                                   .scale(size / units, size / units);
+            outlines.addPath(place.map(font.pathForGlyph(glyphs[index])));
+        }
+        outlines.setFillRule(Qt::WindingFill);
+        painter.fillPath(outlines, painter.pen().brush());
+    }
 }
 
 }
@@ -144,7 +177,10 @@ void drawText(Bitmap& target, double scale, std::string_view utf8, const TextSty
             left = std::floor(spare / 2 + 0.5);
         else if (style.alignment == NSTextAlignment::Right || rightToLeft)
             left = std::floor(spare + 0.5);
-        line.draw(&painter, { left, top });
+        if (font.pixelSize() < largeGlyph)
+            line.draw(&painter, { left, top });
+        else
+            drawOutlines(painter, line, { left, top });
     }
 }
 

@@ -96,6 +96,8 @@ TEST(EnvironmentCommand, ALocaleShowsAsIfStartedWithIt)
 TEST(EnvironmentCommand, AScaleShowsAsIfStartedWithIt)
 {
     expectAsStarted({ "scale", "1", "2", { mainPage, choices, color }, {} });
+    // At three pixels a point some glyphs are large enough to be filled as outlines.
+    expectAsStarted({ "scale", "3", "2", { mainPage, choices, color }, {} });
 }
 
 TEST(EnvironmentCommand, ASizeShowsAsIfStartedWithIt)
