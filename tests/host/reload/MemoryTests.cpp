@@ -27,6 +27,14 @@ constexpr std::size_t noise = 16UL * 1024;
 /// What the system's allocator holds in its own pages moves up and down.
 constexpr std::size_t residentNoise = 2UL * 1024 * 1024;
 
+/// The address sanitizer enters a function of its own into the list of what to do at exit, for good, with
+/// each static object that a module enters there and takes back.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr std::size_t keptForEachLoad = 512;
+#else
+constexpr std::size_t keptForEachLoad = 0;
+#endif
+
 std::size_t bytesInUse()
 {
 #if defined(__SANITIZE_ADDRESS__)
@@ -60,7 +68,8 @@ std::size_t objects()
 class Memory : public PhoneTest {
 protected:
     /// Goes through it once after the other, and compares the last time with the tenth.
-    template <typename Round> void expectNoGrowth(int rounds, const Round& round)
+    template <typename Round>
+    void expectNoGrowth(int rounds, const Round& round, std::size_t keptForEachRound = 0)
     {
         std::size_t objectsBefore = 0;
         std::size_t bytesBefore = 0;
@@ -77,7 +86,8 @@ protected:
             }
         }
         EXPECT_EQ(objects(), objectsBefore);
-        EXPECT_LE(bytesInUse(), bytesBefore + noise);
+        EXPECT_LE(
+            bytesInUse(), bytesBefore + noise + keptForEachRound * static_cast<std::size_t>(rounds - warmUp));
         EXPECT_LE(residentBytes(), residentBefore + residentNoise);
     }
 
@@ -152,10 +162,13 @@ TEST_F(Memory, DoesNotGrowWithBuilds)
         EXPECT_EQ(phone->reloadBundle().value_or(""), "");
     };
     // Compared between builds of the same kind.
-    expectNoGrowth(openings / 2, [&] {
-        swap();
-        swap();
-    });
+    expectNoGrowth(
+        openings / 2,
+        [&] {
+            swap();
+            swap();
+        },
+        2 * keptForEachLoad);
     EXPECT_EQ(page().title(), "More");
 }
 
@@ -166,11 +179,14 @@ TEST_F(Memory, DoesNotGrowWithErrorPages)
     auto chosen = options();
     chosen.bundle = pane.path().string();
     open(chosen);
-    expectNoGrowth(openings / 4, [&] {
-        pane.link("missing_symbol");
-        EXPECT_NE(phone->reloadBundle().value_or(""), "");
-        phone->settle();
-        pane.link("good1");
-        EXPECT_EQ(phone->reloadBundle().value_or(""), "");
-    });
+    expectNoGrowth(
+        openings / 4,
+        [&] {
+            pane.link("missing_symbol");
+            EXPECT_NE(phone->reloadBundle().value_or(""), "");
+            phone->settle();
+            pane.link("good1");
+            EXPECT_EQ(phone->reloadBundle().value_or(""), "");
+        },
+        keptForEachLoad);
 }
