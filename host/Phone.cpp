@@ -4,6 +4,7 @@
 #include "Instant.h"
 #include "PhoneObserver.h"
 #include "platform/Device.h"
+#include "platform/qt/NotifyCenter.h"
 #include "platform/UIScrollView.h"
 #include "platform/UITextField.h"
 #include "PreferenceFile.h"
@@ -64,6 +65,9 @@ Phone::~Phone()
     _navigation->setRoot(nullptr);
     _navigation.reset();
     _window.reset();
+    // Pages store what is being edited when they go. That must be told before the process may end, as what
+    // the bus needs goes with it.
+    flushNotifications();
 }
 
 void Phone::settle()

@@ -70,8 +70,8 @@ public:
     /// As they are now, the environment's changes among them.
     const PhoneOptions& options() const { return _options; }
 
-    /// Called before pages go together with the code of their classes: whoever keeps a view or a page, if only
-    /// weakly, lets go of it then. Returns a number to stop it with.
+    /// Called before pages go together with the code of their classes: whoever keeps a view or a page, if
+    /// only weakly, lets go of it then. Returns a number to stop it with.
     int whenPagesGo(std::function<void()>);
     void stopTellingWhenPagesGo(int number);
 

@@ -54,7 +54,7 @@ PhoneView::PhoneView(Phone& phone, QWidget* parent)
             _screen->invalidate();
         _refresh.start(0);
     });
-    _phone.setDamageHandler([this](const std::vector<PixelRect>& damage) { show(damage); });
+    _phone.setDamageHandler([this](const std::vector<PixelRect>& damage) { showDamage(damage); });
     _whenPagesGo = _phone.whenPagesGo([this] {
         _glide.stop();
         _gliding.reset();
@@ -91,7 +91,7 @@ QRectF PhoneView::rectFor(CGRect rect) const
     return { rect.x * pixels, rect.y * pixels, rect.width * pixels, rect.height * pixels };
 }
 
-void PhoneView::show(const std::vector<PixelRect>& damage)
+void PhoneView::showDamage(const std::vector<PixelRect>& damage)
 {
     const auto ratio = devicePixelRatioF();
     for (const auto& rect : damage) {

@@ -65,7 +65,7 @@ protected:
     bool focusNextPrevChild(bool) override { return false; } // Tab is a key of the phone's.
 
 private:
-    void show(const std::vector<platform::PixelRect>& damage);
+    void showDamage(const std::vector<platform::PixelRect>&);
     void glide();
     void followChanges();
     void placeRing();

@@ -113,7 +113,6 @@ int runWindow(int argc, char** argv, PhoneOptions options, Scale scale, const st
     const auto status = QApplication::exec();
     if (recorder)
         recorder->finish();
-    flushNotifications();
     return status;
 }
 

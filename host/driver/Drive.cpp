@@ -78,9 +78,7 @@ int runDrive(const Options& options)
     if (!bus.get())
         std::fputs("There is no session bus: nobody else hears the notifications.\n", stderr);
     phone.settle();
-    const int status = carryOutAll(driver, script, output, options.keepGoing);
-    platform::flushNotifications();
-    return status;
+    return carryOutAll(driver, script, output, options.keepGoing);
 }
 
 }

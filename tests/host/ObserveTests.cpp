@@ -52,6 +52,16 @@ TEST_F(Observe, PrintsALineForEachNotificationWithWhatChanged)
     EXPECT_EQ(observer.waitForEnd(), 0);
 }
 
+TEST_F(Observe, HearsOfWhatIsStoredWhenThePhoneGoes)
+{
+    HostProcess observer(QStringList { "observe" } + rootOption(), variables(bus));
+    observer.readErrorLine();
+    drive("tap Name\ntype x\n");
+    EXPECT_EQ(withoutTime(observer.readLine()), "net.morvane.vekora/preferences \"name\": absent -> \"x\"");
+    observer.send(SIGTERM);
+    EXPECT_EQ(observer.waitForEnd(), 0);
+}
+
 TEST_F(Observe, ComparesWithWhatTheFileHeldAtTheStart)
 {
     writeTestFile(root / "private/var/mobile/Library/Preferences/net.morvane.vekora.plist",
