@@ -12,6 +12,9 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+from windows import wait_for_window  # noqa: E402
+
 PREFERENCES = "private/var/mobile/Library/Preferences/net.morvane.vekora.plist"
 LONGEST_WAIT = 60  # Seconds; only a failure waits that long.
 
@@ -46,7 +49,7 @@ def story(program, scratch, environment):
                 sys.exit(f"The recording has nothing of {pattern!r}:\n{script()}")
             time.sleep(0.01)
 
-    number = x("search", "--sync", "--onlyvisible", "--name", "^Vekora").split()[-1]
+    number = wait_for_window(environment, "--name", "^Vekora")
 
     def click(across, down):
         x("mousemove", "--window", number, str(across), str(down), "click", "1")

@@ -9,6 +9,9 @@ import subprocess
 import sys
 import tempfile
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+from windows import wait_for_window  # noqa: E402
+
 
 def start(*words, **more):
     return subprocess.Popen(words, stdout=subprocess.PIPE, text=True, **more)
@@ -31,7 +34,7 @@ def story(program, scratch, environment):
     def x(*words):
         return subprocess.run(["xdotool", *words], env=environment, check=True, capture_output=True, text=True).stdout
 
-    number = x("search", "--sync", "--onlyvisible", "--name", "^Vekora").split()[-1]
+    number = wait_for_window(environment, "--name", "^Vekora")
 
     def click(across, down):
         x("mousemove", "--window", number, str(across), str(down), "click", "1")

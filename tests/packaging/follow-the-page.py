@@ -19,6 +19,9 @@ import tempfile
 import textwrap
 import time
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+from windows import wait_for_window  # noqa: E402
+
 CMAKE, BUILD, SOURCE, COMPILER = sys.argv[1:]
 PAGE = pathlib.Path(SOURCE) / "docs/your-own-pane.md"
 DEADLINE = 60  # Seconds; only a failure waits that long.
@@ -104,8 +107,7 @@ class Reader:
         window = subprocess.Popen(["bash", "-c", "exec " + command], cwd=self.folder, env=self.environment,
                                   stdin=subprocess.DEVNULL)
         self.windows.append(window)
-        subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--pid", str(window.pid)], check=True,
-                       env=self.environment, stdout=subprocess.DEVNULL, timeout=DEADLINE)
+        wait_for_window(self.environment, "--pid", str(window.pid))
 
     def wait_until_window_has_it(self):
         """The window copies a bundle that was built anew below its root, and shows it from there."""

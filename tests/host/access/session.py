@@ -8,6 +8,9 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "support"))
+from windows import wait_for_window  # noqa: E402
+
 DEADLINE = 60  # Seconds; far beyond what anything here takes.
 
 
@@ -46,7 +49,7 @@ class Session:
 
     def take_keys(self):
         """Nobody manages windows here, so nobody gives them the keyboard."""
-        window = self.x("search", "--sync", "--onlyvisible", "--name", "^Vekora|^Gallery").split()[-1]
+        window = wait_for_window(self.environment, "--name", "^Vekora|^Gallery")
         self.x("windowfocus", "--sync", window)
 
     def close(self):

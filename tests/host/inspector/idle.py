@@ -11,6 +11,9 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "support"))
+from windows import wait_for_window  # noqa: E402
+
 PAGES = ["", "file", "timeline", "views", "environment"]
 OBSERVED = 2  # Seconds: what is measured, not a wait for anything.
 QUIET = 0.5  # Seconds without a wake-up that count as rest.
@@ -59,7 +62,7 @@ def check(program, page, scratch, environment):
         return subprocess.run(["xdotool", *words], env=environment, check=True, capture_output=True, text=True).stdout
 
     try:
-        number = x("search", "--sync", "--onlyvisible", "--name", "^Vekora").split()[-1]
+        number = wait_for_window(environment, "--name", "^Vekora")
         come_to_rest(window)
         size = x("getwindowgeometry", number)
         if (int(re.search(r"Geometry: (\d+)x", size).group(1)) > 600) != bool(page):
