@@ -60,7 +60,7 @@ def main():
         os.mkdir(os.path.join(scratch, "vekora"))
         with open(os.path.join(scratch, "vekora", "inspector.ini"), "w", encoding="utf-8") as file:
             file.write("[General]\nshown=true\npage=views\n")
-        screen = start("Xvfb", "-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp")
+        screen = start("Xvfb", "-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp", "-noreset")
         environment = dict(os.environ, HOME=scratch, XDG_CONFIG_HOME=scratch, DBUS_SESSION_BUS_ADDRESS="disabled:",
                            DISPLAY=":" + screen.stdout.readline().strip())
         environment.pop("QT_QPA_PLATFORM", None)

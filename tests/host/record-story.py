@@ -114,7 +114,7 @@ def main():
     with tempfile.TemporaryDirectory() as scratch:
         runtime = os.path.join(scratch, "runtime")
         os.mkdir(runtime, 0o700)
-        screen = start("Xvfb", "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp",
+        screen = start("Xvfb", "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp", "-noreset",
                        stderr=subprocess.DEVNULL)
         try:
             environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime,

@@ -71,7 +71,7 @@ def main():
     with tempfile.TemporaryDirectory() as scratch:
         runtime = os.path.join(scratch, "runtime")
         os.mkdir(runtime, 0o700)
-        screen = start("Xvfb", "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp",
+        screen = start("Xvfb", "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp", "-noreset",
                        stderr=subprocess.DEVNULL)
         bus = start("dbus-daemon", "--session", "--print-address=1", "--nofork", "--nopidfile",
                     stderr=subprocess.DEVNULL)

@@ -156,7 +156,7 @@ def main():
         kept = {name: value for name, value in os.environ.items() if name in ("ASAN_OPTIONS", "LSAN_OPTIONS")}
         place = os.open(scratch / "place", os.O_RDWR | os.O_CREAT)
         os.dup2(place, 3)
-        with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-nolisten", "tcp"],
+        with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-nolisten", "tcp", "-noreset"],
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True) as screen:
             try:
                 environment = kept | {

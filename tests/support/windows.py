@@ -12,8 +12,8 @@ def wait_for_window(environment, *words):
     while it looks at it, and is made again then."""
     deadline = time.monotonic() + DEADLINE
     while True:
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", *words], env=environment, check=False,
-                               capture_output=True, text=True)
+        found = subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", *words], env=environment, check=False,
+                               capture_output=True, text=True, timeout=DEADLINE)
         if found.returncode == 0 and found.stdout.split():
             return found.stdout.split()[-1]
         if time.monotonic() > deadline:

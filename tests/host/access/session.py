@@ -88,7 +88,7 @@ def session(program):
     with tempfile.TemporaryDirectory() as scratch:
         runtime = os.path.join(scratch, "runtime")
         os.mkdir(runtime, 0o700)
-        screen = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1200x950x24", "-nolisten", "tcp"],
+        screen = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1200x950x24", "-nolisten", "tcp", "-noreset"],
                                   stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime, LC_ALL="C.UTF-8",
                            XDG_CONFIG_HOME=os.path.join(scratch, "config"),
