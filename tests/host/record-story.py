@@ -9,11 +9,10 @@ import os
 import re
 import subprocess
 import sys
-import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
-from windows import wait_for_window  # noqa: E402
+from desktop import desktop, wait_for_window  # noqa: E402
 
 PREFERENCES = "private/var/mobile/Library/Preferences/net.morvane.vekora.plist"
 LONGEST_WAIT = 60  # Seconds; only a failure waits that long.
@@ -111,19 +110,8 @@ def story(program, scratch, environment):
 
 
 def main():
-    with tempfile.TemporaryDirectory() as scratch:
-        runtime = os.path.join(scratch, "runtime")
-        os.mkdir(runtime, 0o700)
-        screen = start("Xvfb", "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp", "-noreset",
-                       stderr=subprocess.DEVNULL)
-        try:
-            environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime,
-                               DISPLAY=":" + screen.stdout.readline().strip(), DBUS_SESSION_BUS_ADDRESS="disabled:")
-            environment.pop("QT_QPA_PLATFORM", None)
-            story(sys.argv[1], scratch, environment)
-        finally:
-            screen.terminate()
-            screen.wait()
+    with desktop("800x900", with_bus=False) as (scratch, environment):
+        story(sys.argv[1], scratch, environment)
 
 
 main()

@@ -20,7 +20,7 @@ import textwrap
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
-from windows import wait_for_window  # noqa: E402
+from desktop import wait_for_window  # noqa: E402
 
 CMAKE, BUILD, SOURCE, COMPILER = sys.argv[1:]
 PAGE = pathlib.Path(SOURCE) / "docs/your-own-pane.md"
@@ -156,7 +156,8 @@ def main():
         kept = {name: value for name, value in os.environ.items() if name in ("ASAN_OPTIONS", "LSAN_OPTIONS")}
         place = os.open(scratch / "place", os.O_RDWR | os.O_CREAT)
         os.dup2(place, 3)
-        with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-nolisten", "tcp", "-noreset"],
+        with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-nolisten", "tcp",
+                               "-noreset"],
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True) as screen:
             try:
                 environment = kept | {

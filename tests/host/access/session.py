@@ -9,7 +9,7 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "support"))
-from windows import wait_for_window  # noqa: E402
+from desktop import wait_for_window  # noqa: E402
 
 DEADLINE = 60  # Seconds; far beyond what anything here takes.
 
@@ -88,7 +88,8 @@ def session(program):
     with tempfile.TemporaryDirectory() as scratch:
         runtime = os.path.join(scratch, "runtime")
         os.mkdir(runtime, 0o700)
-        screen = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1200x950x24", "-nolisten", "tcp", "-noreset"],
+        screen = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1200x950x24", "-nolisten", "tcp",
+                                   "-noreset"],
                                   stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime, LC_ALL="C.UTF-8",
                            XDG_CONFIG_HOME=os.path.join(scratch, "config"),

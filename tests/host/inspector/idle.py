@@ -8,11 +8,10 @@ import os
 import re
 import subprocess
 import sys
-import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "support"))
-from windows import wait_for_window  # noqa: E402
+from desktop import desktop, wait_for_window  # noqa: E402
 
 PAGES = ["", "file", "timeline", "views", "environment"]
 OBSERVED = 2  # Seconds: what is measured, not a wait for anything.
@@ -90,24 +89,9 @@ def check(program, page, scratch, environment):
 
 
 def main():
-    with tempfile.TemporaryDirectory() as scratch:
-        runtime = os.path.join(scratch, "runtime")
-        os.mkdir(runtime, 0o700)
-        screen = start("Xvfb", "-displayfd", "1", "-screen", "0", "1200x900x24", "-nolisten", "tcp", "-noreset",
-                       stderr=subprocess.DEVNULL)
-        bus = start("dbus-daemon", "--session", "--print-address=1", "--nofork", "--nopidfile",
-                    stderr=subprocess.DEVNULL)
-        try:
-            environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime,
-                               DISPLAY=":" + screen.stdout.readline().strip(),
-                               DBUS_SESSION_BUS_ADDRESS=bus.stdout.readline().strip())
-            environment.pop("QT_QPA_PLATFORM", None)
-            for page in PAGES:
-                check(sys.argv[1], page, scratch, environment)
-        finally:
-            for process in (screen, bus):
-                process.terminate()
-                process.wait()
+    with desktop("1200x900") as (scratch, environment):
+        for page in PAGES:
+            check(sys.argv[1], page, scratch, environment)
 
 
 main()

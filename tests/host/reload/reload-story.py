@@ -163,7 +163,8 @@ def main():
     with tempfile.TemporaryDirectory() as scratch:
         runtime = os.path.join(scratch, "runtime")
         os.mkdir(runtime, 0o700)
-        screen = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp", "-noreset"],
+        screen = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp",
+                                   "-noreset"],
                                   stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         try:
             environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime, DBUS_SESSION_BUS_ADDRESS="disabled:",
