@@ -1,5 +1,7 @@
 #include "OnDisplay.h"
 
+#include "platform/qt/BusThread.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -47,6 +49,7 @@ bool hasDisplay()
 std::unique_ptr<QApplication> applicationOnDisplay(int& argc, char** argv, int statusWithoutOne)
 {
     failure = statusWithoutOne;
+    platform::startBusThread();
     const auto usual = qInstallMessageHandler(listen);
     auto application = std::make_unique<QApplication>(argc, argv);
     qInstallMessageHandler(usual);

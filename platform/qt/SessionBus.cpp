@@ -1,5 +1,7 @@
 #include "SessionBus.h"
 
+#include "BusThread.h"
+
 #include <QDBusMessage>
 #include <QFileInfo>
 
@@ -24,6 +26,7 @@ QString sessionBusAddress()
 
 QDBusConnection connectToSessionBus(const QString& name)
 {
+    startBusThread();
     QDBusConnection connection(name);
     if (connection.isConnected())
         return connection;
