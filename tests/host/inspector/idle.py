@@ -15,6 +15,7 @@ from desktop import desktop, wait_for_window  # noqa: E402
 
 PAGES = ["", "file", "timeline", "views", "environment"]
 OBSERVED = 2  # Seconds: what is measured, not a wait for anything.
+LOOKS = 3  # What a busy screen or bus still sends wakes it up once; a timer each time.
 QUIET = 0.5  # Seconds without a wake-up that count as rest.
 DEADLINE = 60  # Seconds to come to rest in.
 
@@ -74,11 +75,14 @@ def check(program, page, scratch, environment):
             if time.monotonic() > deadline:
                 sys.exit("The click never arrived.")
             time.sleep(0.01)
-        come_to_rest(window)
-        before = wake_ups(window)
-        time.sleep(OBSERVED)
-        after = wake_ups(window)
-        if after != before:
+        for _ in range(LOOKS):
+            come_to_rest(window)
+            before = wake_ups(window)
+            time.sleep(OBSERVED)
+            after = wake_ups(window)
+            if after == before:
+                break
+        else:
             changed = {name: after.get(name, 0) - before.get(name, 0) for name in {*before, *after}
                        if after.get(name) != before.get(name)}
             sys.exit(f"With the inspector {'at ' + page if page else 'closed'} it woke up: {changed}")
