@@ -20,7 +20,7 @@ import textwrap
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
-from desktop import wait_for_window  # noqa: E402
+from desktop import screen, wait_for_window  # noqa: E402
 
 CMAKE, BUILD, SOURCE, COMPILER = sys.argv[1:]
 PAGE = pathlib.Path(SOURCE) / "docs/your-own-pane.md"
@@ -156,17 +156,11 @@ def main():
         kept = {name: value for name, value in os.environ.items() if name in ("ASAN_OPTIONS", "LSAN_OPTIONS")}
         place = os.open(scratch / "place", os.O_RDWR | os.O_CREAT)
         os.dup2(place, 3)
-        with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-nolisten", "tcp",
-                               "-noreset"],
-                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True) as screen:
-            try:
-                environment = kept | {
-                    "PATH": f"{scratch}/vekora/bin:{os.path.dirname(CMAKE)}:{os.environ['PATH']}", "HOME": f"{scratch}/home",
-                    "XDG_RUNTIME_DIR": f"{scratch}/run", "DBUS_SESSION_BUS_ADDRESS": "disabled:", "LC_ALL": "C.UTF-8",
-                    "TZ": "UTC", "CXX": COMPILER, "DISPLAY": ":" + screen.stdout.readline().strip()}
-                follow(scratch / "top", environment)
-            finally:
-                screen.terminate()
+        with screen("1600x1000") as display:
+            follow(scratch / "top", kept | {
+                "PATH": f"{scratch}/vekora/bin:{os.path.dirname(CMAKE)}:{os.environ['PATH']}", "HOME": f"{scratch}/home",
+                "XDG_RUNTIME_DIR": f"{scratch}/run", "DBUS_SESSION_BUS_ADDRESS": "disabled:", "LC_ALL": "C.UTF-8",
+                "TZ": "UTC", "CXX": COMPILER, "DISPLAY": display})
 
 
 main()

@@ -3,7 +3,7 @@
 import collections
 import plistlib
 
-from screen import Failure
+from hand import Failure
 
 
 class PreferenceLooks:

@@ -6,6 +6,7 @@ robot.py [--heard] PROGRAM BUNDLE CRASHER EVENTS [SEED]; with --heard a screen r
 a module that crashes when it is loaded, and ROBOT_SEED in the environment counts before SEED."""
 
 import collections
+import contextlib
 import os
 import random
 import re
@@ -18,8 +19,11 @@ import time
 from Xlib import error
 
 from actions import Actions
+from hand import Failure, Hand, private_folders
 from looks import PreferenceLooks
-from screen import Failure, Hand, private_folders, start_screen
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+from desktop import screen, session_bus  # noqa: E402
 
 FILE = "private/var/mobile/Library/Preferences/net.morvane.vekora.plist"
 # What is said of a bundle that can't be opened or crashes, which the robot sees to from time to time.
@@ -220,12 +224,10 @@ def main():
     given = os.environ.get("ROBOT_SEED") or (words[4] if len(words) > 4 else "")
     seed = int(given) if given else random.SystemRandom().randrange(10**6)
     print(f"Seed {seed}", flush=True)
-    with tempfile.TemporaryDirectory() as scratch:
+    with tempfile.TemporaryDirectory() as scratch, contextlib.ExitStack() as servers:
         environment = private_folders(scratch)
-        server, environment["DISPLAY"] = start_screen(2200, 2300)
-        bus = subprocess.Popen(["/usr/bin/dbus-daemon", "--session", "--print-address=1", "--nofork", "--nopidfile"],
-                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, env=environment)
-        environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        environment["DISPLAY"] = servers.enter_context(screen("2200x2300"))
+        environment["DBUS_SESSION_BUS_ADDRESS"] = servers.enter_context(session_bus(environment))
         robot = None
         try:
             robot = Robot(program, bundle, crasher, events, seed, scratch, environment)
@@ -237,10 +239,6 @@ def main():
         except Failure as failure:
             done = " ".join(robot.done) if robot else ""
             sys.exit(f"{failure}\nSeed {seed}, after {robot.hand.events if robot else 0} events; last: {done}")
-        finally:
-            for process in (server, bus):
-                process.terminate()
-                process.wait()
 
 
 main()

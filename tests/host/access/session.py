@@ -5,11 +5,10 @@ import os
 import plistlib
 import subprocess
 import sys
-import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "support"))
-from desktop import wait_for_window  # noqa: E402
+from desktop import desktop, wait_for_window  # noqa: E402
 
 DEADLINE = 60  # Seconds; far beyond what anything here takes.
 
@@ -85,31 +84,13 @@ class Session:
 
 @contextlib.contextmanager
 def session(program):
-    with tempfile.TemporaryDirectory() as scratch:
-        runtime = os.path.join(scratch, "runtime")
-        os.mkdir(runtime, 0o700)
-        screen = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1200x950x24", "-nolisten", "tcp",
-                                   "-noreset"],
-                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime, LC_ALL="C.UTF-8",
-                           XDG_CONFIG_HOME=os.path.join(scratch, "config"),
-                           XDG_DATA_HOME=os.path.join(scratch, "data"),
-                           XDG_CACHE_HOME=os.path.join(scratch, "cache"),
-                           DISPLAY=":" + screen.stdout.readline().strip(),
-                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
-        environment.pop("QT_QPA_PLATFORM", None)
-        environment.pop("AT_SPI_BUS_ADDRESS", None)
-        bus = subprocess.Popen(["dbus-daemon", "--session", "--print-address=1", "--nofork", "--nopidfile"],
-                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, env=environment)
-        environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+    with desktop("1200x950") as (scratch, environment):
+        environment.update(LC_ALL="C.UTF-8", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         made = Session(program, scratch, environment)
         try:
             yield made
         finally:
-            processes = [bus, screen]
             if made.window:
-                processes.insert(0, made.window)
-            for process in processes:
-                if process.poll() is None:
-                    process.terminate()
-                process.wait()
+                if made.window.poll() is None:
+                    made.window.terminate()
+                made.window.wait()

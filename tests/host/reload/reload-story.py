@@ -11,9 +11,11 @@ import queue
 import shutil
 import subprocess
 import sys
-import tempfile
 import threading
 import time
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "support"))
+from desktop import desktop  # noqa: E402
 
 PATIENCE = 120  # Seconds for a step that takes a fraction of one.
 
@@ -160,26 +162,13 @@ class Story:
 
 
 def main():
-    with tempfile.TemporaryDirectory() as scratch:
-        runtime = os.path.join(scratch, "runtime")
-        os.mkdir(runtime, 0o700)
-        screen = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp",
-                                   "-noreset"],
-                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    with desktop("800x900", with_bus=False) as (scratch, environment):
+        story = Story(sys.argv[1], sys.argv[2], scratch, environment)
         try:
-            environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=runtime, DBUS_SESSION_BUS_ADDRESS="disabled:",
-                               DISPLAY=":" + screen.stdout.readline().strip())
-            for name in ("QT_QPA_PLATFORM", "XDG_CONFIG_HOME", "XDG_DATA_HOME"):
-                environment.pop(name, None)
-            story = Story(sys.argv[1], sys.argv[2], scratch, environment)
-            try:
-                story.tell()
-            finally:
-                story.window.kill()
-                story.window.wait()
+            story.tell()
         finally:
-            screen.terminate()
-            screen.wait()
+            story.window.kill()
+            story.window.wait()
 
 
 main()

@@ -1,9 +1,8 @@
-"""A private X server, and a hand that uses one program's window through the XTEST extension. Nothing waits for time to
+"""A hand that uses one program's window on a private X server through the XTEST extension. Nothing waits for time to
 pass: after each event the program is asked for a sign of life, which it gives when it has come to it in its queue."""
 
 import os
 import select
-import subprocess
 import time
 
 from Xlib import X, XK, Xatom, display, error
@@ -15,12 +14,6 @@ DEADLINE = 120  # Seconds; only a program that hangs takes as long.
 
 class Failure(Exception):
     """What the program under test did wrong, in one sentence."""
-
-
-def start_screen(width, height):
-    server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
-                               "-noreset"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-    return server, ":" + server.stdout.readline().strip()
 
 
 class Hand:
