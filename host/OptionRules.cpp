@@ -1,5 +1,6 @@
 #include "OptionRules.h"
 
+#include "driver/ScriptParser.h"
 #include "PhoneValues.h"
 
 #include <algorithm>
@@ -144,6 +145,15 @@ std::string takeAgainst(Options& options, const std::string& value)
     return value.empty() ? "--against takes an earlier sheet, not an empty word." : "";
 }
 
+std::string takePatience(Options& options, const std::string& value)
+{
+    constexpr long longest = 3600;
+    auto& patience = options.sheet.patience;
+    return readCount(value, patience) && patience >= 1 && patience <= longest
+        ? ""
+        : "--patience takes whole seconds from 1 to " + std::to_string(longest) + ", not \"" + value + "\".";
+}
+
 std::string takeHelp(Options& options, const std::string&)
 {
     options.mode = Mode::Help;
@@ -177,6 +187,7 @@ constexpr OptionRule rules[] = {
     { "--phones", "LIST", OptionRule::InSheet, takePhones, "sizes in points, as 320x480,375x667" },
     { "--scales", "LIST", OptionRule::InSheet, takeScales, "pixels a point, as 1,2,3" },
     { "--locales", "LIST", OptionRule::InSheet, takeLocales, "as en_US,ar_EG" },
+    { "--patience", "SECONDS", OptionRule::InSheet, takePatience, "the longest that one page may take (60)" },
     { "--record", "FILE", OptionRule::InWindow, takeRecord,
         "write what is done in the window as a script for drive" },
     { "--help", "", OptionRule::Everywhere, takeHelp, "print help, or all about the command before it" },

@@ -29,6 +29,7 @@ struct Options {
         std::vector<platform::CGSize> phones;
         std::vector<int> scales;
         std::vector<std::string> locales;
+        long patience = 60; ///< Seconds that a page may take.
     } sheet;
     std::string topic; ///< Of `help`: a command's name; empty for all of them.
 };

@@ -27,6 +27,7 @@ int run(char** argv, const host::Options& options)
     case Mode::Lint:
         return host::runLint(options);
     case Mode::Sheet:
+        host::handleCrashes(argv, host::AfterCrash::SayAndEnd);
         return host::runSheet(options);
     case Mode::Help:
         std::fputs(host::helpText(options.topic).c_str(), stdout);
@@ -73,8 +74,11 @@ int main(int argc, char** argv)
     if (const auto* sentence = std::get_if<std::string>(&parsed))
         return fail(sentence->c_str());
     const auto& options = std::get<host::Options>(parsed);
-    if (crash && crash->after == host::AfterCrash::SayAndEnd)
-        return fail(host::tellCrash(*crash, options.phone.root).sentence().c_str());
+    if (crash && crash->after == host::AfterCrash::SayAndEnd) {
+        // A process with a root of its own has noted it.
+        const auto& root = crash->note.empty() ? options.phone.root : crash->note;
+        return fail(host::tellCrash(*crash, root).sentence().c_str());
+    }
     if (hasWindow(options))
         return runWindow(argc, argv, options, crash);
     try {

@@ -1,46 +1,27 @@
 #include "Sheet.h"
 
+#include "Interruption.h"
 #include "SheetCrew.h"
 #include "SheetDocument.h"
+#include "SheetProgress.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <stdexcept>
 #include <thread>
-#include <unistd.h>
+#include <tuple>
 
 namespace host {
 
 namespace {
 
+constexpr int hasNotEnded = 2;
 constexpr unsigned fewestWorkers = 2;
 constexpr unsigned mostWorkers = 16;
-
-/// A bar on standard error, when somebody looks at it.
-class Progress {
-public:
-    ~Progress()
-    {
-        if (_isSeen && _percent >= 0)
-            std::fputs("\r\x1B[K", stderr);
-    }
-    void show(std::size_t done, std::size_t all)
-    {
-        constexpr int width = 40;
-        const auto percent = static_cast<int>(done * 100 / all);
-        if (!_isSeen || percent == std::exchange(_percent, percent))
-            return;
-        const std::string bar(static_cast<std::size_t>(percent * width / 100), '#');
-        std::fprintf(stderr, "\r[%-*s] %3d %%", width, bar.c_str(), percent);
-        std::fflush(stderr);
-    }
-
-private:
-    bool _isSeen = ::isatty(STDERR_FILENO) != 0;
-    int _percent = -1;
-};
 
 SheetPlan planFor(const Options& options)
 {
@@ -60,16 +41,12 @@ std::string nameOf(const SheetPlan& plan)
 
 SheetDocument documentFor(const SheetPlan& plan, std::vector<SheetPicture> pictures)
 {
-    // The titles are those that come first, as some follow the language.
-    std::stable_sort(
-        pictures.begin(), pictures.end(), [&](const SheetPicture& one, const SheetPicture& other) {
-            return std::tie(one.job, one.page) < std::tie(other.job, other.page);
-        });
     const auto jobs = plan.jobs();
-    std::stable_sort(
-        pictures.begin(), pictures.end(), [&](const SheetPicture& one, const SheetPicture& other) {
-            return std::pair(jobs[one.job].state, one.page) < std::pair(jobs[other.job].state, other.page);
-        });
+    const auto place = [&](const SheetPicture& picture) {
+        return std::tuple(jobs[picture.job].state, picture.page, picture.job);
+    };
+    std::sort(pictures.begin(), pictures.end(),
+        [&](const SheetPicture& one, const SheetPicture& other) { return place(one) < place(other); });
     SheetDocument sheet;
     sheet.name = nameOf(plan);
     for (const auto& picture : pictures) {
@@ -89,47 +66,95 @@ SheetDocument documentFor(const SheetPlan& plan, std::vector<SheetPicture> pictu
     return sheet;
 }
 
-}
-
-int runSheet(const Options& options)
+SheetDocument render(
+    const SheetPlan& plan, long patience, const Interruption& interruption, SheetProgress& progress)
 {
-    const auto& file = options.sheet.file;
-    std::optional<SheetDocument> earlier;
-    if (!options.sheet.against.empty())
-        earlier = SheetDocument::read(options.sheet.against);
-    // Before anything is rendered: it would be for nothing.
-    QSaveFile output(QString::fromStdString(file));
-    if (!output.open(QIODevice::WriteOnly))
-        throw std::runtime_error(
-            "The sheet " + file + " can't be written: " + output.errorString().toStdString() + ".");
-
-    const auto plan = planFor(options);
-    const auto workers = std::clamp(std::thread::hardware_concurrency(), fewestWorkers, mostWorkers);
     std::vector<SheetPicture> pictures;
     std::map<QByteArray, QByteArray> encoded;
-    {
-        Progress progress;
-        renderWithCrew(
-            plan, workers,
+    const SheetCrew crew {
+        .workers = std::clamp(std::thread::hardware_concurrency(), fewestWorkers, mostWorkers),
+        .patience = std::chrono::seconds(patience),
+        .take =
             [&](SheetPicture picture) {
                 if (!picture.png.isEmpty() && !encoded.contains(picture.id))
                     encoded[picture.id] = picture.png.toBase64();
                 picture.png.clear();
                 pictures.push_back(std::move(picture));
             },
-            [&](std::size_t done, std::size_t all) { progress.show(done, all); });
-    }
+        .tick = [&](std::size_t done, std::size_t all) { progress.show("Rendering", done, all); },
+        .say = [&](const std::string& line) { progress.say(line); },
+    };
+    renderWithCrew(plan, crew, interruption);
     auto sheet = documentFor(plan, std::move(pictures));
     sheet.pictures = std::move(encoded);
-    if (earlier)
-        sheet.compareWith(*earlier);
-    const auto html = sheet.html();
-    if (output.write(html) != html.size() || !output.commit())
-        throw std::runtime_error(
-            "The sheet " + file + " can't be written: " + output.errorString().toStdString() + ".");
+    return sheet;
+}
+
+[[noreturn]] void failToWrite(const std::string& file, const QString& reason)
+{
+    throw std::runtime_error("The sheet " + file + " can't be written: " + reason.toStdString() + ".");
+}
+
+/// Before anything is rendered: it would be for nothing.
+void checkIsWritable(const std::string& file)
+{
+    const auto name = QString::fromStdString(file);
+    // Saving replaces what is there, be it a device.
+    if (const QFileInfo info(name); info.exists() && !info.isFile())
+        failToWrite(file, "It is no file");
+    QSaveFile output(name);
+    if (!output.open(QIODevice::WriteOnly))
+        failToWrite(file, output.errorString());
+}
+
+void save(const SheetDocument& sheet, const std::string& file, const Interruption& interruption)
+{
+    QSaveFile output(QString::fromStdString(file));
+    if (!output.open(QIODevice::WriteOnly) || !sheet.writeTo(output))
+        failToWrite(file, output.errorString());
+    interruption.check();
+    if (!output.commit())
+        failToWrite(file, output.errorString());
+}
+
+void makeSheet(const Options& options, const Interruption& interruption)
+{
+    const auto& [file, against, phones, scales, locales, patience] = options.sheet;
+    std::optional<SheetDocument> earlier;
+    if (!against.empty())
+        earlier = SheetDocument::read(against);
+    checkIsWritable(file);
+    SheetDocument sheet;
+    {
+        SheetProgress progress;
+        sheet = render(planFor(options), patience, interruption, progress);
+        if (earlier) {
+            sheet.compareWith(*earlier, [&](std::size_t done, std::size_t all) {
+                interruption.check();
+                progress.show("Comparing", done, all);
+            });
+        }
+    }
+    save(sheet, file, interruption);
     std::printf("%zu pictures%s\n", sheet.entries.size(),
         sheet.comparison ? (": " + sheet.comparison->summary() + ".").c_str() : ".");
-    return 0;
+    std::fflush(stdout);
+}
+
+}
+
+int runSheet(const Options& options)
+{
+    // A file that may not become as long is told as any that can't be written.
+    std::signal(SIGXFSZ, SIG_IGN);
+    const Interruption interruption;
+    try {
+        makeSheet(options, interruption);
+        return 0;
+    } catch (const Interrupted&) {
+        std::fputs("Interrupted: no sheet was written.\n", stderr);
+    }
+    return hasNotEnded; // As a rule what interrupted ends the process now.
 }
 
 }

@@ -1,20 +1,19 @@
 #include "SheetCrew.h"
 
+#include "host/crash/CrashHandler.h"
 #include "host/WithoutDisplay.h"
+#include "Interruption.h"
+#include "SheetProcess.h"
 #include "SheetWorker.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <new>
 #include <poll.h>
-#include <QDataStream>
-#include <QIODevice>
+#include <set>
 #include <stdexcept>
 #include <sys/mman.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -24,24 +23,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum class Message : quint8 { Picture, JobDone, Failure };
-
-volatile std::sig_atomic_t isInterrupted = 0;
-
-void interrupt(int)
-{
-    isInterrupted = 1;
-}
-
 /// A folder below the temporary one, for as long as it lives.
 class Scratch {
 public:
     Scratch()
     {
-        auto name = (fs::temp_directory_path() / "vekora-sheet-XXXXXX").string();
-        if (!::mkdtemp(name.data()))
-            throw std::runtime_error("A folder below " + fs::temp_directory_path().string()
-                + " can't be made: " + std::generic_category().message(errno) + ".");
+        std::error_code error;
+        const auto folder = fs::temp_directory_path(error);
+        auto name = (folder / "vekora-sheet-XXXXXX").string();
+        if (error || !::mkdtemp(name.data()))
+            throw std::runtime_error("A folder for what is temporary can't be made in \"" + folder.string()
+                + "\": " + (error ? error.message() : std::generic_category().message(errno)) + ".");
         _path = name;
     }
     ~Scratch()
@@ -99,204 +91,171 @@ std::vector<std::vector<std::size_t>> portionsOf(const SheetPlan& plan)
     return portions;
 }
 
-bool writeAll(int file, const QByteArray& bytes)
+void work(
+    const SheetPlan& plan, const fs::path& root, const SharedCounter& counter, const SheetProcess::Tell& tell)
 {
-    for (qsizetype written = 0; written < bytes.size();) {
-        const auto count
-            = ::write(file, bytes.constData() + written, static_cast<std::size_t>(bytes.size() - written));
-        if (count < 0 && errno != EINTR)
-            return false;
-        written += std::max<ssize_t>(count, 0);
-    }
-    return true;
-}
-
-template <typename... Fields> void send(int pipe, Message kind, const Fields&... fields)
-{
-    QByteArray body;
-    QDataStream stream(&body, QIODevice::WriteOnly);
-    stream << static_cast<quint8>(kind);
-    (void(stream << fields), ...);
-    QByteArray bytes;
-    QDataStream outer(&bytes, QIODevice::WriteOnly);
-    outer << body;
-    // Whoever listened has gone, and with them the reason to go on.
-    if (!writeAll(pipe, bytes))
-        ::_exit(1);
-}
-
-void work(const SheetPlan& plan, const fs::path& root, const SharedCounter& counter, int pipe)
-{
+    using Kind = SheetMessage::Kind;
+    // Where a crash's teller finds the bundle.
+    setCrashNote(root.string());
+    auto place = SheetPlan::textOfBeginning();
     try {
         const auto application = applicationWithoutDisplay(root);
         SheetWorker worker(plan, root);
         const auto portions = portionsOf(plan);
         for (auto index = counter.next(); index < portions.size(); index = counter.next()) {
             for (const auto job : portions[index]) {
-                worker.render(job, [&](const SheetPicture& picture) {
-                    send(pipe, Message::Picture, static_cast<quint32>(picture.job),
-                        static_cast<quint32>(picture.page), QByteArray::fromStdString(picture.title),
-                        picture.id, static_cast<qint32>(picture.width), static_cast<qint32>(picture.height),
-                        picture.png);
+                tell({ .kind = Kind::JobBegins, .picture = { .job = job } });
+                place = plan.textOf(job);
+                const auto error = worker.render(job, [&](const SheetPicture& picture) {
+                    tell({ .kind = Kind::Picture, .picture = picture });
                 });
-                send(pipe, Message::JobDone);
+                if (error)
+                    return tell({ .kind = Kind::Failure, .failure = *error });
+                tell({ .kind = Kind::JobIsDone });
             }
         }
+        tell({ .kind = Kind::End });
     } catch (const std::exception& exception) {
-        send(pipe, Message::Failure, QByteArray(exception.what()));
+        tell({ .kind = Kind::Failure,
+            .failure = place + ": the bundle threw an exception: " + exception.what() + "." });
     }
 }
 
-/// The processes. They go when it does, wherever they are.
+/// The processes, and what is known of each.
 class Crew {
 public:
-    Crew(const SheetPlan& plan, unsigned size, const fs::path& scratch)
+    Crew(const SheetPlan& plan, const SheetCrew& orders)
+        : _plan(plan)
+        , _orders(orders)
+        , _jobs(plan.jobs().size())
     {
-        for (unsigned index = 0; index < size; ++index) {
-            const auto root = scratch / std::to_string(index);
+        _orders.tick(0, _jobs);
+        for (unsigned index = 0; index < orders.workers; ++index) {
+            const auto root = _scratch.path() / std::to_string(index);
             fs::create_directory(root);
-            start(plan, root);
+            auto process = std::make_unique<SheetProcess>(
+                [&](const SheetProcess::Tell& tell) { work(plan, root, _counter, tell); },
+                root.string() + ".printed");
+            _members.push_back({ std::move(process), {} });
         }
     }
-    ~Crew()
+
+    void listen(const Interruption& interruption)
     {
-        for (const auto& member : members)
-            ::close(member.pipe);
-        for (const auto& member : members) {
-            if (!member.isReaped) {
-                ::kill(member.process, SIGKILL);
-                ::waitpid(member.process, nullptr, 0);
+        while (isAtWork()) {
+            std::vector<pollfd> polled { { interruption.file(), POLLIN, 0 } };
+            for (const auto& member : _members)
+                polled.push_back({ member.process->pipe(), POLLIN, 0 });
+            const auto count = ::poll(polled.data(), polled.size(), inMilliseconds(untilImpatience()));
+            if (count < 0 && errno != EINTR)
+                throw std::runtime_error(
+                    "The processes can't be heard: " + std::generic_category().message(errno) + ".");
+            interruption.check();
+            for (std::size_t index = 0; index < _members.size(); ++index) {
+                if (count > 0 && polled[index + 1].revents)
+                    hear(_members[index]);
+                else
+                    checkPatience(_members[index]);
             }
         }
     }
-    Crew(const Crew&) = delete;
-    Crew& operator=(const Crew&) = delete;
 
-    struct Member {
-        pid_t process;
-        int pipe;
-        QByteArray heard {}; ///< What was not understood yet.
-        bool isReaped = false;
-    };
-    std::vector<Member> members;
+    void passOnWhatWasPrinted() const
+    {
+        std::set<std::string> said;
+        for (const auto& member : _members) {
+            for (const auto& line : member.process->printed()) {
+                if (said.insert(line).second)
+                    _orders.say(line);
+            }
+        }
+    }
 
 private:
-    void start(const SheetPlan& plan, const fs::path& root)
+    using Clock = SheetProcess::Clock;
+
+    struct Member {
+        std::unique_ptr<SheetProcess> process;
+        std::optional<std::size_t> job;
+    };
+
+    static int inMilliseconds(Clock::duration duration)
     {
-        int ends[2];
-        if (::pipe(ends) != 0)
-            throw std::runtime_error("A pipe can't be made: " + std::generic_category().message(errno) + ".");
-        const auto parent = ::getpid();
-        const auto process = ::fork();
-        if (process < 0)
-            throw std::runtime_error(
-                "A process can't be made: " + std::generic_category().message(errno) + ".");
-        if (process == 0) {
-            // It must not outlive the one that takes the pictures.
-            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-            if (::getppid() != parent)
-                ::_exit(1);
-            std::signal(SIGINT, SIG_IGN);
-            std::signal(SIGPIPE, SIG_IGN);
-            ::close(ends[0]);
-            work(plan, root, _counter, ends[1]);
-            // What the parent set up is the parent's to take down.
-            std::fflush(nullptr);
-            ::_exit(0);
-        }
-        ::close(ends[1]);
-        members.push_back({ process, ends[0] });
+        const auto number = std::chrono::ceil<std::chrono::milliseconds>(duration).count();
+        return static_cast<int>(std::max<decltype(number)>(number, 0));
     }
 
+    bool isAtWork() const
+    {
+        return std::any_of(_members.begin(), _members.end(),
+            [](const Member& member) { return member.process->pipe() >= 0; });
+    }
+
+    Clock::duration untilImpatience() const
+    {
+        auto first = Clock::time_point::max();
+        for (const auto& member : _members) {
+            if (member.process->pipe() >= 0)
+                first = std::min(first, member.process->lastHeard() + _orders.patience);
+        }
+        return first - Clock::now();
+    }
+
+    void checkPatience(const Member& member) const
+    {
+        if (member.process->pipe() >= 0 && Clock::now() >= member.process->lastHeard() + _orders.patience)
+            fail(member, "a page took longer than " + std::to_string(_orders.patience.count()) + " seconds.");
+    }
+
+    void hear(Member& member)
+    {
+        member.process->listen([&](SheetMessage message) { take(member, std::move(message)); });
+        if (member.process->pipe() >= 0)
+            return;
+        if (const auto ending = member.process->ending(); !ending.empty())
+            fail(member, ending);
+    }
+
+    void take(Member& member, SheetMessage message)
+    {
+        using Kind = SheetMessage::Kind;
+        if (message.kind == Kind::JobBegins)
+            member.job = message.picture.job;
+        else if (message.kind == Kind::Picture)
+            _orders.take(std::move(message.picture));
+        else if (message.kind == Kind::JobIsDone)
+            _orders.tick(++_done, _jobs);
+        else if (message.kind == Kind::Failure)
+            throw std::runtime_error(message.failure);
+    }
+
+    [[noreturn]] void fail(const Member& member, const std::string& clause) const
+    {
+        throw std::runtime_error(
+            (member.job ? _plan.textOf(*member.job) : SheetPlan::textOfBeginning()) + ": " + clause);
+    }
+
+    const SheetPlan& _plan;
+    const SheetCrew& _orders;
+    Scratch _scratch; ///< Goes after the processes.
     SharedCounter _counter;
+    std::vector<Member> _members;
+    std::size_t _done = 0;
+    std::size_t _jobs;
 };
 
-/// Takes what a worker says; false for a message that is not whole yet.
-bool takeMessage(
-    QByteArray& heard, const std::function<void(SheetPicture)>& take, const std::function<void()>& jobDone)
+}
+
+void renderWithCrew(const SheetPlan& plan, const SheetCrew& orders, const Interruption& interruption)
 {
-    QDataStream outer(heard);
-    outer.startTransaction();
-    QByteArray body;
-    outer >> body;
-    if (!outer.commitTransaction())
-        return false;
-    heard.remove(0, static_cast<qsizetype>(sizeof(quint32)) + body.size());
-    QDataStream stream(body);
-    quint8 kind = 0;
-    stream >> kind;
-    if (kind == static_cast<quint8>(Message::JobDone)) {
-        jobDone();
-    } else if (kind == static_cast<quint8>(Message::Failure)) {
-        QByteArray sentence;
-        stream >> sentence;
-        throw std::runtime_error(sentence.toStdString());
-    } else {
-        quint32 job = 0;
-        quint32 page = 0;
-        QByteArray title;
-        qint32 width = 0;
-        qint32 height = 0;
-        SheetPicture picture;
-        stream >> job >> page >> title >> picture.id >> width >> height >> picture.png;
-        picture.job = job;
-        picture.page = page;
-        picture.title = title.toStdString();
-        picture.width = width;
-        picture.height = height;
-        take(std::move(picture));
+    Crew crew(plan, orders);
+    try {
+        crew.listen(interruption);
+    } catch (...) {
+        crew.passOnWhatWasPrinted();
+        throw;
     }
-    return true;
-}
-
-void checkEnd(Crew::Member& member)
-{
-    int status = 0;
-    ::waitpid(member.process, &status, 0);
-    member.isReaped = true;
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        throw std::runtime_error("The bundle crashed while its pages were rendered.");
-}
-
-}
-
-void renderWithCrew(const SheetPlan& plan, unsigned workers, const std::function<void(SheetPicture)>& take,
-    const std::function<void(std::size_t done, std::size_t all)>& tick)
-{
-    const auto all = plan.jobs().size();
-    std::size_t done = 0;
-    isInterrupted = 0;
-    struct sigaction action { };
-    action.sa_handler = interrupt;
-    ::sigaction(SIGINT, &action, nullptr);
-    ::sigaction(SIGTERM, &action, nullptr);
-
-    const Scratch scratch;
-    Crew crew(plan, workers, scratch.path());
-    for (std::size_t open = crew.members.size(); open > 0;) {
-        std::vector<pollfd> polled;
-        for (const auto& member : crew.members)
-            polled.push_back({ member.isReaped ? -1 : member.pipe, POLLIN, 0 });
-        if (::poll(polled.data(), polled.size(), -1) < 0 && errno != EINTR)
-            throw std::runtime_error(
-                "The workers can't be heard: " + std::generic_category().message(errno) + ".");
-        if (isInterrupted)
-            throw std::runtime_error("Interrupted.");
-        for (std::size_t index = 0; index < polled.size(); ++index) {
-            if (!polled[index].revents)
-                continue;
-            auto& member = crew.members[index];
-            char buffer[1 << 16];
-            const auto count = ::read(member.pipe, buffer, sizeof buffer);
-            if (count > 0) {
-                member.heard.append(buffer, count);
-                while (takeMessage(member.heard, take, [&] { tick(++done, all); })) { }
-            } else if (count == 0) {
-                checkEnd(member);
-                --open;
-            }
-        }
-    }
+    crew.passOnWhatWasPrinted();
 }
 
 }

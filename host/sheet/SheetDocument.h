@@ -2,11 +2,14 @@
 
 #include "SheetPlan.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <QByteArray>
 #include <string>
 #include <vector>
+
+class QIODevice;
 
 namespace host {
 
@@ -45,12 +48,16 @@ struct SheetDocument {
     };
     std::optional<Comparison> comparison;
 
-    /// The same content gives the same bytes.
-    QByteArray html() const;
-    /// Throws std::runtime_error with one sentence when the file cannot be read or is no sheet.
+    /// As HTML; the same content gives the same bytes. False when the device, which says why, can't take it.
+    [[nodiscard]] bool writeTo(QIODevice&) const;
+    /// Throws std::runtime_error with one sentence when the file cannot be read, or is no whole sheet.
     static SheetDocument read(const std::string& file);
-    /// Compares with the earlier one, whose pictures are taken over as far as they are shown.
-    void compareWith(const SheetDocument& earlier);
+    /// Compares with the earlier one, whose pictures are taken over as far as they are shown. `tick` is
+    /// called between the pictures that are compared, and may throw to have it given up. Throws
+    /// std::runtime_error with one sentence when a picture can't be read.
+    void compareWith(
+        const SheetDocument& earlier,
+        const std::function<void(std::size_t done, std::size_t all)>& tick = [](std::size_t, std::size_t) {});
 };
 
 }

@@ -10,11 +10,11 @@ namespace host {
 struct SheetPicture {
     std::size_t job = 0; ///< Of `SheetPlan::jobs`.
     std::size_t page = 1; ///< From 1, of the job's state.
-    std::string title; ///< The page's.
-    QByteArray id; ///< Of its pixels: the same for the same.
+    std::string title {}; ///< The page's.
+    QByteArray id {}; ///< Of its pixels: the same for the same.
     int width = 0; ///< Pixels.
     int height = 0;
-    QByteArray png; ///< Empty when the worker has sent this picture before.
+    QByteArray png {}; ///< Empty when the worker has sent this picture before.
 };
 
 }

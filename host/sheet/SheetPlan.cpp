@@ -54,6 +54,18 @@ std::vector<SheetPlan::Job> SheetPlan::jobs() const
     return all;
 }
 
+std::string SheetPlan::textOf(std::size_t job) const
+{
+    const auto [state, phone, scale, locale] = jobs().at(job);
+    return std::string(states[state].name) + ", " + textOfSize(phones[phone]) + " at "
+        + std::to_string(scales[scale]) + "x, " + locales[locale];
+}
+
+std::string SheetPlan::textOfBeginning()
+{
+    return "Before the first page";
+}
+
 std::vector<platform::CGSize> SheetPlan::usualPhones()
 {
     return { { 320, 480 }, { 320, 568 }, { 360, 640 }, { 375, 667 }, { 375, 812 }, { 390, 844 }, { 414, 736 },

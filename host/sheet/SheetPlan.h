@@ -31,6 +31,9 @@ struct SheetPlan {
         std::size_t state, phone, scale, locale; ///< Indexes of the above.
     };
     std::vector<Job> jobs() const;
+    /// A job by its index, as "Fresh, 320x480 at 2x, en_US", for a sentence about it.
+    std::string textOf(std::size_t job) const;
+    static std::string textOfBeginning(); ///< Before there is one.
 
     static std::vector<platform::CGSize> usualPhones();
     static std::vector<std::string> usualLocales();

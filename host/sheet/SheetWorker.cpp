@@ -75,31 +75,32 @@ PhoneOptions SheetWorker::optionsFor(const SheetPlan::Job& job) const
     return options;
 }
 
-void SheetWorker::prepareFiles(const SheetState& state) const
+std::optional<std::string> SheetWorker::prepareFiles(const SheetState& state) const
 {
     std::error_code error;
     const auto folder = _root / preferencesFolder;
     fs::remove_all(folder, error);
     fs::create_directories(folder, error);
     if (state.preferences.empty())
-        return;
+        return std::nullopt;
     std::ofstream file(folder / ownPreferences);
     file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>" << state.preferences
          << "</dict></plist>\n";
-    if (!file.flush())
-        throw std::runtime_error("The folder " + folder.string() + " can't be written.");
+    if (file.flush())
+        return std::nullopt;
+    return "The file " + (folder / ownPreferences).string() + " can't be written.";
 }
 
-void SheetWorker::carryOut(Phone& phone, const SheetState& state)
+std::optional<std::string> SheetWorker::carryOut(Phone& phone, const SheetState& state)
 {
     Driver driver(phone);
     std::istringstream script { std::string(state.script) };
     for (std::string line; std::getline(script, line);) {
         const auto answer = driver.carryOut(line);
         if (answer && !answer->value("ok").toBool())
-            throw std::runtime_error("The state \"" + std::string(state.name)
-                + "\" can't be reached: " + answer->value("error").toString().toStdString());
+            return answer->value("error").toString().toStdString();
     }
+    return std::nullopt;
 }
 
 SheetPicture SheetWorker::pictureOf(Phone& phone)
@@ -114,28 +115,37 @@ SheetPicture SheetWorker::pictureOf(Phone& phone)
     return picture;
 }
 
-void SheetWorker::render(std::size_t job, const std::function<void(const SheetPicture&)>& take)
+std::optional<std::string> SheetWorker::render(
+    std::size_t job, const std::function<void(const SheetPicture&)>& take)
 {
     const auto& state = _plan.states[_jobs[job].state];
-    prepareFiles(state);
-    Phone phone(optionsFor(_jobs[job]));
-    if (const auto error = phone.openBundle())
-        throw std::runtime_error(*error);
-    phone.settle();
-    carryOut(phone, state);
-    phone.settle();
+    if (auto error = prepareFiles(state))
+        return error;
+    std::optional<Phone> phone;
+    try {
+        phone.emplace(optionsFor(_jobs[job]));
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
+    if (auto error = phone->openBundle())
+        return error;
+    phone->settle();
+    if (const auto error = carryOut(*phone, state))
+        return _plan.textOf(job) + ": the state can't be reached: " + *error;
+    phone->settle();
     const auto takePage = [&](std::size_t number, const std::string& title) {
-        auto picture = pictureOf(phone);
+        auto picture = pictureOf(*phone);
         picture.job = job;
         picture.page = number;
         picture.title = title;
         take(picture);
     };
-    const auto* const page = phone.navigation().topViewController();
+    const auto* const page = phone->navigation().topViewController();
     if (state.everyPage)
-        visitEveryPage(phone, takePage);
+        visitEveryPage(*phone, takePage);
     else
         takePage(1, page ? page->title() : std::string());
+    return std::nullopt;
 }
 
 }

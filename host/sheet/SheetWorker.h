@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <set>
 
 namespace host {
@@ -15,13 +16,13 @@ class SheetWorker {
 public:
     SheetWorker(const SheetPlan&, std::filesystem::path root);
 
-    /// Throws std::runtime_error with one sentence when the bundle or a state's script fails.
-    void render(std::size_t job, const std::function<void(const SheetPicture&)>& take);
+    /// Returns one sentence when the bundle or a state's script fails. Throws what the bundle throws.
+    std::optional<std::string> render(std::size_t job, const std::function<void(const SheetPicture&)>& take);
 
 private:
     PhoneOptions optionsFor(const SheetPlan::Job&) const;
-    void prepareFiles(const SheetState&) const;
-    static void carryOut(Phone&, const SheetState&);
+    std::optional<std::string> prepareFiles(const SheetState&) const;
+    static std::optional<std::string> carryOut(Phone&, const SheetState&);
     SheetPicture pictureOf(Phone&);
 
     const SheetPlan& _plan;
