@@ -11,7 +11,8 @@ QProcessEnvironment environmentWith(const QStringList& variables)
 {
     QProcessEnvironment environment;
     const auto own = QProcessEnvironment::systemEnvironment();
-    for (const char* kept : { "PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "XDG_RUNTIME_DIR" }) {
+    for (const char* kept :
+        { "PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "HOME", "XDG_RUNTIME_DIR" }) {
         if (own.contains(kept))
             environment.insert(kept, own.value(kept));
     }

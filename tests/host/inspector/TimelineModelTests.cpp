@@ -116,7 +116,8 @@ TEST(Timeline, TellsItsViewsOnceOfWhatHappensTogether)
     for (int index = 0; index < 50; ++index)
         post("name");
     EXPECT_EQ(inserted.count(), 0);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return inserted.count() > 0; }));
+    constexpr int longestWait = 60000; // Milliseconds; only a failure waits that long.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return inserted.count() > 0; }, longestWait));
     EXPECT_EQ(inserted.count(), 1);
     EXPECT_EQ(model.rowCount(), 50);
 }

@@ -6,14 +6,13 @@
 
 WindowTest::WindowTest()
 {
-    qputenv("HOME", QByteArray::fromStdString(_folder.path().string()));
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(configuration().string()));
 }
 
 WindowTest::~WindowTest()
 {
     close();
-    qunsetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", _configurationBefore);
 }
 
 host::MainWindow& WindowTest::open()
@@ -28,7 +27,7 @@ host::MainWindow& WindowTest::open()
     EXPECT_EQ(_phone->openBundle(), std::nullopt);
     _window = std::make_unique<host::MainWindow>(*_phone);
     _window->show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(_window.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(_window.get(), longestWait));
     QCoreApplication::processEvents();
     return *_window;
 }
@@ -52,6 +51,5 @@ void WindowTest::close()
 
 bool WindowTest::waitUntil(const std::function<bool()>& claim)
 {
-    constexpr int deadline = 20000; // Milliseconds.
-    return QTest::qWaitFor(claim, deadline);
+    return QTest::qWaitFor(claim, longestWait);
 }

@@ -4,6 +4,7 @@
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QString>
 
@@ -11,8 +12,8 @@
 #include <memory>
 #include <ostream>
 
-/// The window with the project's own bundle in a phone of 375 by 667 points at 1 pixel a point, with a home
-/// and a root of its own, at a set time and place.
+/// The window with the project's own bundle in a phone of 375 by 667 points at 1 pixel a point, with a
+/// configuration and a root of its own, at a set time and place.
 class WindowTest : public testing::Test {
 protected:
     WindowTest();
@@ -31,6 +32,7 @@ protected:
     host::Phone& phone() { return *_phone; }
     host::PhoneView& view() { return _window->phoneView(); }
 
+    static constexpr int longestWait = 60000; ///< Milliseconds; only a failure waits that long.
     /// Runs the event loop until the claim holds; false when it never does.
     static bool waitUntil(const std::function<bool()>& claim);
 
@@ -45,6 +47,7 @@ private:
     QWidget* openPageNamed(const char* name);
 
     TemporaryFolder _folder;
+    QByteArray _configurationBefore = qgetenv("XDG_CONFIG_HOME");
     std::unique_ptr<host::Phone> _phone;
     std::unique_ptr<host::MainWindow> _window;
 };

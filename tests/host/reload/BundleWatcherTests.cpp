@@ -27,7 +27,7 @@ protected:
     /// Runs the event loop until it has been told so often in all.
     void expectCalls(int expected)
     {
-        QDeadlineTimer deadline(std::chrono::seconds(30));
+        QDeadlineTimer deadline(std::chrono::seconds(60));
         while (calls < expected && !deadline.hasExpired())
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 100);
         EXPECT_EQ(calls, expected);

@@ -41,7 +41,7 @@ protected:
     }
     static void expect(const std::function<bool()>& condition)
     {
-        QDeadlineTimer deadline(std::chrono::seconds(30));
+        QDeadlineTimer deadline(std::chrono::seconds(60));
         while (!condition() && !deadline.hasExpired())
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 100);
         EXPECT_TRUE(condition());
