@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/ElfFile.h"
+
 #include <cstdint>
 #include <string>
 
@@ -16,10 +18,9 @@ public:
     std::string functionAt(std::uint64_t offsetInFile) const;
 
 private:
-    template <typename T> bool read(T&, std::uint64_t offset) const;
     std::uint64_t addressOf(std::uint64_t offsetInFile) const;
 
-    std::string _bytes;
+    ElfFile _file;
 };
 
 }

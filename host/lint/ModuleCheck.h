@@ -6,7 +6,7 @@
 
 namespace host {
 
-/// Why a file cannot be a module of this machine, judged by how it begins; empty when it can. The sentence
+/// Why a file cannot be a module of this machine; empty when it can. The sentence
 /// has neither the file's name nor a full stop.
 std::string whyNoModule(const std::filesystem::path&);
 

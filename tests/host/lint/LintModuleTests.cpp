@@ -33,17 +33,19 @@ TEST(LintModule, TellsOfOneOfAnotherMake)
     LintBundle bundle;
     const auto whole = readTestFile(bundle.path("Lint"));
     writeTestFile(bundle.path("Lint"), "#!/bin/sh\n");
-    EXPECT_EQ(bundle.findings().join('\n'), "Lint: is no ELF module.");
+    EXPECT_EQ(bundle.findings().join('\n'), "Lint: is not a loadable module (it is no module at all).");
     writeTestFile(bundle.path("Lint"), "");
-    EXPECT_EQ(bundle.findings().join('\n'), "Lint: is no ELF module.");
+    EXPECT_EQ(bundle.findings().join('\n'), "Lint: is not a loadable module (it is empty).");
     auto other = whole;
     other[18] = static_cast<char>(other[18] ^ 0x55); // The machine.
     writeTestFile(bundle.path("Lint"), other);
-    EXPECT_EQ(bundle.findings().join('\n'), "Lint: is a module of another machine.");
+    EXPECT_EQ(bundle.findings().join('\n'),
+        "Lint: is not a loadable module (it was built for another kind of processor).");
     auto object = whole;
     object[16] = 1; // The type: what a compiler leaves for the linker.
     writeTestFile(bundle.path("Lint"), object);
-    EXPECT_EQ(bundle.findings().join('\n'), "Lint: is no shared module.");
+    EXPECT_EQ(bundle.findings().join('\n'),
+        "Lint: is not a loadable module (it is a file of another kind than a module).");
 }
 
 TEST(LintModule, TellsOfOneThatIsCutOff)
@@ -52,11 +54,8 @@ TEST(LintModule, TellsOfOneThatIsCutOff)
     const auto whole = readTestFile(bundle.path("Lint"));
     for (const std::size_t length : { std::size_t { 64 }, std::size_t { 700 }, std::size_t { 4096 } }) {
         writeTestFile(bundle.path("Lint"), whole.substr(0, length));
-        const auto findings = bundle.findings();
-        ASSERT_EQ(findings.size(), 1) << length;
-        EXPECT_TRUE(findings[0].startsWith("Lint: is not a loadable module (")
-            || findings[0].startsWith("Lint: crashed ("))
-            << findings[0].toStdString();
+        EXPECT_EQ(bundle.findings().join('\n'),
+            QString("Lint: is not a loadable module (it ends after %1 bytes, in the middle).").arg(length));
     }
 }
 
