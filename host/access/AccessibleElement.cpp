@@ -1,5 +1,6 @@
 #include "AccessibleElement.h"
 
+#include "AccessibleChildren.h"
 #include "AccessibleScreen.h"
 #include "ElementTree.h"
 #include "FieldText.h"
@@ -128,21 +129,12 @@ int AccessibleElement::childCount() const
 
 int AccessibleElement::indexOfChild(const QAccessibleInterface* wanted) const
 {
-    for (int index = 0; index < childCount(); ++index) {
-        if (child(index) == wanted)
-            return index;
-    }
-    return -1;
+    return indexAmongChildren(*this, wanted);
 }
 
 QAccessibleInterface* AccessibleElement::childAt(int x, int y) const
 {
-    for (int index = 0; index < childCount(); ++index) {
-        auto* const part = child(index);
-        if (part && part->rect().contains(x, y))
-            return part;
-    }
-    return nullptr;
+    return firstChildAt(*this, x, y);
 }
 
 QAccessibleInterface* AccessibleElement::focusChild() const

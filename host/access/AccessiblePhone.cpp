@@ -1,5 +1,6 @@
 #include "AccessiblePhone.h"
 
+#include "AccessibleChildren.h"
 #include "AccessibleScreen.h"
 #include "host/PhoneView.h"
 
@@ -30,21 +31,12 @@ QAccessibleInterface* AccessiblePhone::child(int index) const
 
 int AccessiblePhone::indexOfChild(const QAccessibleInterface* wanted) const
 {
-    for (int index = 0; index < childCount(); ++index) {
-        if (child(index) == wanted)
-            return index;
-    }
-    return -1;
+    return indexAmongChildren(*this, wanted);
 }
 
 QAccessibleInterface* AccessiblePhone::childAt(int x, int y) const
 {
-    for (int index = 0; index < childCount(); ++index) {
-        auto* const part = child(index);
-        if (part && part->rect().contains(x, y))
-            return part;
-    }
-    return nullptr;
+    return firstChildAt(*this, x, y);
 }
 
 QAccessibleInterface* AccessiblePhone::focusChild() const
