@@ -28,9 +28,16 @@ std::unique_ptr<icu::BasicTimeZone> zoneNamed(std::string_view olsonName)
     return std::unique_ptr<icu::BasicTimeZone>(basic);
 }
 
-double secondsFromOffsets(UErrorCode status, int32_t raw, int32_t daylight)
+/// Seconds from Greenwich, as `ask` finds them out in milliseconds; 0 for a zone that is not known.
+template <typename Ask> double offsetInZone(std::string_view olsonName, Ask ask)
 {
-    return U_SUCCESS(status) ? (raw + daylight) / 1000.0 : 0;
+    const auto zone = zoneNamed(olsonName);
+    int32_t raw = 0;
+    int32_t daylight = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    if (zone)
+        ask(*zone, raw, daylight, status);
+    return zone && U_SUCCESS(status) ? (raw + daylight) / 1000.0 : 0;
 }
 
 bool isCountry(std::string_view code)
@@ -86,27 +93,19 @@ std::string systemTimeZone()
 
 double offsetAtWallTime(std::string_view olsonName, double wallTime)
 {
-    const auto zone = zoneNamed(olsonName);
-    if (!zone)
-        return 0;
-    int32_t raw = 0;
-    int32_t daylight = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    zone->getOffsetFromLocal(wallTime * 1000 + referenceDateMilliseconds, UCAL_TZ_LOCAL_FORMER,
-        UCAL_TZ_LOCAL_FORMER, raw, daylight, status);
-    return secondsFromOffsets(status, raw, daylight);
+    return offsetInZone(
+        olsonName, [&](const auto& zone, int32_t& raw, int32_t& daylight, UErrorCode& status) {
+            zone.getOffsetFromLocal(wallTime * 1000 + referenceDateMilliseconds, UCAL_TZ_LOCAL_FORMER,
+                UCAL_TZ_LOCAL_FORMER, raw, daylight, status);
+        });
 }
 
 double offsetAtInstant(std::string_view olsonName, double instant)
 {
-    const auto zone = zoneNamed(olsonName);
-    if (!zone)
-        return 0;
-    int32_t raw = 0;
-    int32_t daylight = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    zone->getOffset(instant * 1000 + referenceDateMilliseconds, false, raw, daylight, status);
-    return secondsFromOffsets(status, raw, daylight);
+    return offsetInZone(
+        olsonName, [&](const auto& zone, int32_t& raw, int32_t& daylight, UErrorCode& status) {
+            zone.getOffset(instant * 1000 + referenceDateMilliseconds, false, raw, daylight, status);
+        });
 }
 
 std::string canonicalLocale(std::string_view name)
