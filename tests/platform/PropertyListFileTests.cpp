@@ -14,6 +14,16 @@ class PropertyListFile : public DeviceTest {
 protected:
     std::filesystem::path file() const { return preferences() / "test.plist"; }
     void store(const std::string& content) const { writeTestFile(file(), content); }
+    /// As another writer's binary file; frees the list.
+    void storeBinary(plist_t list) const
+    {
+        char* bytes = nullptr;
+        std::uint32_t length = 0;
+        plist_to_bin(list, &bytes, &length);
+        store(std::string(bytes, length));
+        plist_to_bin_free(bytes);
+        plist_free(list);
+    }
     static std::optional<NSMutableDictionary> load()
     {
         return NSMutableDictionary::dictionaryWithContentsOfFile(path);
@@ -102,12 +112,7 @@ TEST_F(PropertyListFile, ThatIsBinaryIsReadWholeAndSavedAsXml)
     plist_dict_set_item(root, "on", plist_new_bool(1));
     plist_dict_set_item(root, "count", plist_new_uint(60));
     plist_dict_set_item(root, "until", plist_new_date(1000, 500000));
-    char* bytes = nullptr;
-    std::uint32_t length = 0;
-    plist_to_bin(root, &bytes, &length);
-    store(std::string(bytes, length));
-    plist_to_bin_free(bytes);
-    plist_free(root);
+    storeBinary(root);
 
     auto list = load();
     ASSERT_TRUE(list);
@@ -171,12 +176,7 @@ TEST_F(PropertyListFile, MayBeALargeBinaryOne)
     for (std::uint64_t index = 0; index < 100'000; ++index)
         plist_array_append_item(array, plist_new_uint(index));
     plist_dict_set_item(root, "array", array);
-    char* bytes = nullptr;
-    std::uint32_t length = 0;
-    plist_to_bin(root, &bytes, &length);
-    store(std::string(bytes, length));
-    plist_to_bin_free(bytes);
-    plist_free(root);
+    storeBinary(root);
 
     const auto list = load();
     ASSERT_TRUE(list);
