@@ -1,11 +1,9 @@
 #include "BundleFacts.h"
 
 #include "Apart.h"
+#include "host/ScratchFolder.h"
 #include "ModuleCheck.h"
 #include "PageWalk.h"
-
-#include <cstdlib>
-#include <stdexcept>
 
 namespace host {
 
@@ -15,30 +13,6 @@ namespace {
 
 constexpr std::chrono::seconds longest { 60 };
 constexpr int mostCrashes = 20; ///< So many are told of; each costs another run.
-
-/// A folder of this run's own; gone with it.
-class ScratchFolder {
-public:
-    ScratchFolder()
-    {
-        auto name = (fs::temp_directory_path() / "vekora-lint-XXXXXX").string();
-        if (!::mkdtemp(name.data()))
-            throw std::runtime_error("No folder can be made in " + fs::temp_directory_path().string() + ".");
-        _path = name;
-    }
-    ~ScratchFolder()
-    {
-        std::error_code ignored;
-        fs::remove_all(_path, ignored);
-    }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    const fs::path& path() const { return _path; }
-
-private:
-    fs::path _path;
-};
 
 /// Takes in what the walk told.
 class Gathering {
@@ -125,7 +99,7 @@ BundleFacts inspectBundle(const BundleContents& contents)
     Gathering gathering(contents, facts);
     std::set<std::string> skipped;
     for (int run = 0; run < mostCrashes; ++run) {
-        const ScratchFolder scratch;
+        const ScratchFolder scratch("lint");
         const auto result = runApart(
             [&](const RecordWriter& tell) { walkPages(contents, scratch.path() / "root", skipped, tell); },
             longest);

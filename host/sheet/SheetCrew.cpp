@@ -1,6 +1,7 @@
 #include "SheetCrew.h"
 
 #include "host/crash/CrashHandler.h"
+#include "host/ScratchFolder.h"
 #include "host/WithoutDisplay.h"
 #include "Interruption.h"
 #include "SheetProcess.h"
@@ -22,33 +23,6 @@ namespace host {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A folder below the temporary one, for as long as it lives.
-class Scratch {
-public:
-    Scratch()
-    {
-        std::error_code error;
-        const auto folder = fs::temp_directory_path(error);
-        auto name = (folder / "vekora-sheet-XXXXXX").string();
-        if (error || !::mkdtemp(name.data()))
-            throw std::runtime_error("A folder for what is temporary can't be made in \"" + folder.string()
-                + "\": " + (error ? error.message() : std::generic_category().message(errno)) + ".");
-        _path = name;
-    }
-    ~Scratch()
-    {
-        std::error_code error;
-        fs::remove_all(_path, error);
-    }
-    Scratch(const Scratch&) = delete;
-    Scratch& operator=(const Scratch&) = delete;
-
-    const fs::path& path() const { return _path; }
-
-private:
-    fs::path _path;
-};
 
 /// A number that all processes count up.
 class SharedCounter {
@@ -237,7 +211,7 @@ private:
 
     const SheetPlan& _plan;
     const SheetCrew& _orders;
-    Scratch _scratch; ///< Goes after the processes.
+    ScratchFolder _scratch { "sheet" }; ///< Goes after the processes.
     SharedCounter _counter;
     std::vector<Member> _members;
     std::size_t _done = 0;

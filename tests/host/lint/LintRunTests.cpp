@@ -77,6 +77,15 @@ TEST(LintRun, EndsWithStatusTwoWhenNobodyTakesTheFindings)
     EXPECT_EQ(shell.readAllStandardError(), "The findings can't be written.\n");
 }
 
+TEST(LintRun, EndsWithStatusTwoWhenNothingTemporaryCanBeMade)
+{
+    const auto run = runHost({ "lint", TEST_BUNDLE }, {}, { "TMPDIR=/nowhere" });
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors.toStdString(),
+        "The folder for what is temporary (TMPDIR) can't be used: No such file or directory.\n");
+}
+
 TEST(LintRun, LeavesNothingBehind)
 {
     const LintBundle bundle;
