@@ -167,36 +167,37 @@ TEST(BrightnessSaturationView, RepaintsForItsHue)
     EXPECT_NE(shown.picture(), picture);
 }
 
+/// `setAll` sets hue and the view's other component together, `setEach` one after the other.
+template <typename View>
+static void expectRepaintsForItsCombinedSetterOnly(
+    void (View::*setAll)(double, double), void (*setEach)(View&))
+{
+    Shown<View> shown;
+    auto& view = *shown.view;
+    EXPECT_EQ(shown.paintsAfter([&] { (view.*setAll)(0, 1); }), 1);
+    const auto picture = shown.picture();
+    EXPECT_EQ(shown.paintsAfter([&] { setEach(view); }), 0);
+    EXPECT_EQ(shown.picture(), picture);
+    EXPECT_EQ(shown.paintsAfter([&] { (view.*setAll)(0.5, 0.5); }), 1);
+    EXPECT_NE(shown.picture(), picture);
+}
+
 TEST(BrightnessSliderView, RepaintsForItsCombinedSetterOnly)
 {
-    Shown<VKBrightnessSliderView> shown;
-    auto& view = *shown.view;
-    EXPECT_EQ(shown.paintsAfter([&] { view.setHueAndSaturation(0, 1); }), 1);
-    const auto picture = shown.picture();
-    EXPECT_EQ(shown.paintsAfter([&] {
-        view.setHue(0.5);
-        view.setSaturation(0.5);
-    }),
-        0);
-    EXPECT_EQ(shown.picture(), picture);
-    EXPECT_EQ(shown.paintsAfter([&] { view.setHueAndSaturation(0.5, 0.5); }), 1);
-    EXPECT_NE(shown.picture(), picture);
+    expectRepaintsForItsCombinedSetterOnly<VKBrightnessSliderView>(
+        &VKBrightnessSliderView::setHueAndSaturation, [](auto& view) {
+            view.setHue(0.5);
+            view.setSaturation(0.5);
+        });
 }
 
 TEST(SaturationSliderView, RepaintsForItsCombinedSetterOnly)
 {
-    Shown<VKSaturationSliderView> shown;
-    auto& view = *shown.view;
-    EXPECT_EQ(shown.paintsAfter([&] { view.setHueAndBrightness(0, 1); }), 1);
-    const auto picture = shown.picture();
-    EXPECT_EQ(shown.paintsAfter([&] {
-        view.setHue(0.5);
-        view.setBrightness(0.5);
-    }),
-        0);
-    EXPECT_EQ(shown.picture(), picture);
-    EXPECT_EQ(shown.paintsAfter([&] { view.setHueAndBrightness(0.5, 0.5); }), 1);
-    EXPECT_NE(shown.picture(), picture);
+    expectRepaintsForItsCombinedSetterOnly<VKSaturationSliderView>(
+        &VKSaturationSliderView::setHueAndBrightness, [](auto& view) {
+            view.setHue(0.5);
+            view.setBrightness(0.5);
+        });
 }
 
 TEST(HueSliderView, PaintsOnceAndThenWhenAsked)
