@@ -9,6 +9,11 @@
 /// Arithmetic on premultiplied 0xAARRGGBB pixels.
 namespace platform {
 
+inline bool isOpaque(std::uint32_t pixel)
+{
+    return pixel >> 24U == 255U;
+}
+
 /// Every channel of a pixel times `factor` / 255, to the nearest.
 inline std::uint32_t scaledPixel(std::uint32_t pixel, std::uint32_t factor)
 {

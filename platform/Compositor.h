@@ -9,6 +9,8 @@
 
 namespace platform {
 
+class LayerContents;
+
 /// Puts the layers of a tree of views together into one picture: for each view its shadow, background,
 /// contents, subviews and border, clipped and rounded as its layer says. What lies wholly under something
 /// opaque is not painted.
@@ -39,7 +41,16 @@ private:
         PixelRect opaque {}; ///< What it covers wholly.
     };
 
+    // What is to be painted, from the back to the front.
     void collect(const UIView&, double x, double y, PixelRect clip, int mask, bool asGroup);
+    PixelRect pixelRect(double x, double y, CGSize) const;
+    /// Contents of nearly the size of what they fill are not stretched: places between pixels round
+    /// differently.
+    static bool fits(const LayerContents&, PixelRect);
+    PixelRect solidPart(PixelRect, int mask) const;
+    bool isUnmasked(PixelRect, int mask) const;
+
+    // Painting it.
     void paint(const Item&, PixelRect part);
     void paintContents(const Item&, PixelRect part);
     void paintShadow(const Item&, PixelRect part);
@@ -49,9 +60,6 @@ private:
         int y, int x, std::size_t count, const std::uint32_t* source, const RoundedRect* shape, int mask);
     void blendCovered(
         int y, int x, std::size_t count, const std::uint32_t* source, const RoundedRect* shape, int mask);
-    PixelRect pixelRect(double x, double y, CGSize) const;
-    PixelRect solidPart(PixelRect, int mask) const;
-    bool isUnmasked(PixelRect, int mask) const;
     std::uint32_t* targetRow(int y, int x) { return _target.row(y - _originY) + (x - _originX); }
 
     Bitmap& _target;

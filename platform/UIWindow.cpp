@@ -1,20 +1,11 @@
-#include "UIWindow.h"
-#include "Compositor.h"
-#include "Device.h"
 #include "InputObserver.h"
 #include "Journal.h"
 #include "UITextField.h"
-#include "UIViewImpl.h"
-
-#include <algorithm>
-#include <cmath>
+#include "UIWindowImpl.h"
 
 namespace platform {
 
 namespace {
-
-constexpr int mostLayoutPasses = 16; // A page that never settles still gets shown.
-constexpr std::size_t mostDamagedRects = 12;
 
 UIWindow* theKeyWindow = nullptr;
 
@@ -26,47 +17,31 @@ const char* phaseName(UITouchPhase phase)
 
 }
 
-struct UIWindow::WindowImpl : UIView::Impl {
-    using Impl::Impl;
-
-    void deliver(UITouchPhase phase, CGPoint location, double timestamp)
-    {
-        const auto current = event;
-        auto& touch = current->touch();
-        touch.update(phase, location, timestamp);
-        if (observer)
-            observer->touchArrives(touch);
-        if (auto& journal = Journal::shared(); journal.isHeard())
-            journal.record({ .kind = JournalEntry::Kind::Touch,
-                .name = phaseName(phase),
-                .detail = touch.view()->className(),
-                .place = location });
-        switch (phase) {
-        case UITouchPhase::Began:
-            return touch.view()->touchesBeganWithEvent(*current);
-        case UITouchPhase::Moved:
-            return touch.view()->touchesMovedWithEvent(*current);
-        case UITouchPhase::Ended:
-            event = nullptr;
-            return touch.view()->touchesEndedWithEvent(*current);
-        case UITouchPhase::Cancelled:
-            event = nullptr;
-            return touch.view()->touchesCancelledWithEvent(*current);
-        }
+void UIWindow::WindowImpl::deliver(UITouchPhase phase, CGPoint location, double timestamp)
+{
+    const auto current = event;
+    auto& touch = current->touch();
+    touch.update(phase, location, timestamp);
+    if (observer)
+        observer->touchArrives(touch);
+    if (auto& journal = Journal::shared(); journal.isHeard())
+        journal.record({ .kind = JournalEntry::Kind::Touch,
+            .name = phaseName(phase),
+            .detail = touch.view()->className(),
+            .place = location });
+    switch (phase) {
+    case UITouchPhase::Began:
+        return touch.view()->touchesBeganWithEvent(*current);
+    case UITouchPhase::Moved:
+        return touch.view()->touchesMovedWithEvent(*current);
+    case UITouchPhase::Ended:
+        event = nullptr;
+        return touch.view()->touchesEndedWithEvent(*current);
+    case UITouchPhase::Cancelled:
+        event = nullptr;
+        return touch.view()->touchesCancelledWithEvent(*current);
     }
-
-    double scale = Device::current().scale;
-    Bitmap picture;
-    std::vector<PixelRect> damaged;
-    std::shared_ptr<UIEvent> event; ///< Of the finger that is down.
-    CGPoint lastLocation;
-    InputObserver* observer = nullptr;
-    UITextField* firstResponder = nullptr;
-    const UIView* firstResponderView = nullptr; ///< The same, for when only its view is left of it.
-    std::function<void()> needsDisplayHandler;
-    bool handlerCalled = false;
-    bool hasPainted = false; ///< In the present pass.
-};
+}
 
 UIWindow::UIWindow(CGSize size)
     : UIView({ 0, 0, size.width, size.height }, std::make_unique<WindowImpl>(*this))
@@ -165,77 +140,6 @@ InputObserver* UIWindow::inputObserver() const
     return windowImpl().observer;
 }
 
-double UIWindow::scale() const
-{
-    return windowImpl().scale;
-}
-const Bitmap& UIWindow::picture() const
-{
-    return windowImpl().picture;
-}
-
-void UIWindow::setScale(double scale)
-{
-    auto& own = windowImpl();
-    if (scale == own.scale)
-        return;
-    own.scale = scale;
-    const auto mark = [](auto& self, UIView& view) -> void {
-        view.setNeedsDisplay();
-        view.setNeedsLayout();
-        for (const auto& subview : view.subviews())
-            self(self, *subview);
-    };
-    mark(mark, *this);
-    own.picture = {};
-}
-
-void UIWindow::setNeedsDisplayHandler(std::function<void()> handler)
-{
-    windowImpl().needsDisplayHandler = std::move(handler);
-}
-
-void UIWindow::_markDamage(CGRect rect)
-{
-    auto& own = windowImpl();
-    const CGRect visible = CGRectIntersection(rect, { 0, 0, bounds().width, bounds().height });
-    if (visible.isEmpty())
-        return;
-    const auto left = static_cast<int>(std::floor(visible.minX() * own.scale));
-    const auto top = static_cast<int>(std::floor(visible.minY() * own.scale));
-    PixelRect pixels { left, top, static_cast<int>(std::ceil(visible.maxX() * own.scale)) - left,
-        static_cast<int>(std::ceil(visible.maxY() * own.scale)) - top };
-    // Rectangles that meet become one, so that nothing is composed twice.
-    for (bool grown = true; grown;) {
-        grown = false;
-        for (auto known = own.damaged.begin(); known != own.damaged.end(); ++known) {
-            if (known->intersected(pixels).isEmpty())
-                continue;
-            pixels = pixels.united(*known);
-            own.damaged.erase(known);
-            grown = true;
-            break;
-        }
-    }
-    own.damaged.push_back(pixels);
-    if (own.damaged.size() > mostDamagedRects) {
-        PixelRect all;
-        for (const auto& known : own.damaged)
-            all = all.united(known);
-        own.damaged.assign(1, all);
-    }
-    _markPending();
-}
-
-void UIWindow::_markPending()
-{
-    auto& own = windowImpl();
-    if (own.handlerCalled || !own.needsDisplayHandler)
-        return;
-    own.handlerCalled = true;
-    own.needsDisplayHandler();
-}
-
 void UIWindow::_viewIsGone(const UIView* view)
 {
     auto& own = windowImpl();
@@ -243,77 +147,6 @@ void UIWindow::_viewIsGone(const UIView* view)
         return;
     own.firstResponder = nullptr;
     own.firstResponderView = nullptr;
-}
-
-std::vector<PixelRect> UIWindow::display()
-{
-    auto& own = windowImpl();
-    own.hasPainted = false;
-    own.handlerCalled = true; // Marks that layout makes are served below.
-    const auto needsLayout = [](auto& self, const UIView& view) -> bool {
-        if (view.impl().needsLayout)
-            return true;
-        return view.impl().pendingBelow
-            && std::any_of(view.subviews().begin(), view.subviews().end(),
-                [&](const auto& subview) { return self(self, *subview); });
-    };
-    for (int pass = 0; pass < mostLayoutPasses && needsLayout(needsLayout, *this); ++pass)
-        layoutTree();
-    displayTree(*this);
-
-    const auto pixels
-        = [&](CGFloat points) { return static_cast<int>(std::floor(points * own.scale + 0.5)); };
-    const auto width = pixels(bounds().width);
-    const auto height = pixels(bounds().height);
-    if (own.picture.width != width || own.picture.height != height) {
-        own.picture = Bitmap::cleared(width, height);
-        own.damaged.assign(1, own.picture.rect());
-    }
-    auto damaged = std::move(own.damaged);
-    own.damaged.clear();
-    Compositor compositor(own.picture, 0, 0, own.scale);
-    for (auto& rect : damaged) {
-        rect = rect.intersected(own.picture.rect());
-        compositor.compose(*this, rect);
-    }
-    own.handlerCalled = false;
-    if (own.pendingBelow || !own.damaged.empty())
-        _markPending(); // A view marked itself while it was painted.
-    if (auto& journal = Journal::shared(); (own.hasPainted || !damaged.empty()) && journal.isHeard())
-        journal.record({ JournalEntry::Kind::Display, {} });
-    return damaged;
-}
-
-void UIWindow::displayTree(UIView& view)
-{
-    auto& impl = view.impl();
-    if (!impl.pendingBelow || impl.hidden)
-        return;
-    impl.pendingBelow = false;
-    if (impl.needsDisplay && !impl.contentsAreSet && !impl.bounds.isEmpty()) {
-        impl.needsDisplay = false;
-        if (impl.draws) {
-            CGContext context(impl.bounds.size(), windowImpl().scale);
-            {
-                CurrentContext current(context);
-                view.drawRect(impl.bounds);
-            }
-            impl.draws = impl.draws || context.hasDrawn();
-            if (impl.draws) {
-                windowImpl().hasPainted = true;
-                if (auto& journal = Journal::shared(); journal.isHeard())
-                    journal.record({ JournalEntry::Kind::Paint, view.className() });
-            }
-            if (auto contents = context.finish(); contents || impl.contents) {
-                impl.contents = std::move(contents);
-                impl.damageOwn();
-            }
-        }
-    }
-    for (std::size_t index = 0; index < impl.subviews.size(); ++index) {
-        const auto subview = impl.subviews[index];
-        displayTree(*subview);
-    }
 }
 
 }
