@@ -63,7 +63,7 @@ public:
     {
         std::vector<std::string> folders;
         for (const auto& language : languages())
-            folders.push_back(bundle + "/" + language + ".lproj/");
+            folders.push_back(std::string(bundle).append("/").append(language).append(".lproj/"));
         folders.push_back(bundle + "/");
         for (const auto& folder : folders) {
             if (auto found = NSMutableDictionary::dictionaryWithContentsOfFile(folder + name + ".strings")) {
