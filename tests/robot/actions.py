@@ -3,6 +3,8 @@
 import os
 import shutil
 
+from inspector import FAULTS, SPLITTER, Inspector
+
 WORDS = ["Vekora", "Hi there", "", "7", "255", "0", "360", "100", "-1", "1e9", "#00FF80", "00ff80", "0x12", "zzz",
          "a" * 70, "Wecker aus", "x y"]
 PASTES = ["#123456", "Grüße", "שלום", "مرحبا", "日本語", "👍🏽", "two\nlines", "\ttab", "",
@@ -17,16 +19,10 @@ LOCALES = ["en_US", "de_DE", "ar_EG", "he_IL", "ja_JP", "tr_TR", "fa_IR", "hi_IN
 ZONES = ["UTC", "Europe/Berlin", "Asia/Kolkata", "America/St_Johns", "Atlantis"]
 INSTANTS = ["real", "2014-01-05T10:17:42.6", "2014-03-30T02:30", "9999-12-31T23:59:59Z", "0001-01-01", "soon"]
 SECONDS = ["60", "-3600", "0.5", "1e9", "1e99", "x"]
-FAULTS = ["write", "vanish", "readonly", "half-written", "off"]
 
-# The controls of the page Environment in the order in which Tab goes through them.
-CONTROLS = ["size", "scale", "locale", "direction", "timezone", "now", "stand", "run", "seconds", "move", "toggle",
-            "statusbar", "anew"] + FAULTS
-FIRST_CONTROL = 250, 77  # In the inspector, in pixels, while the page is scrolled to its top.
 # What can be to blame for a file that is gone or halved: nothing in an action, or a button that it may push by chance
 # on the inspector's page that is shown, or any button that the action may come to.
 NOTHING, BUTTON_IN_SIGHT, ANY_BUTTON = range(3)
-SPLITTER = 5
 STATUS_LINE = 30
 
 
@@ -36,7 +32,7 @@ class Actions:
         self.looks = looks
         self.chance = chance
         self.folders = folders
-        self.tab = 40
+        self.inspector = Inspector(hand, folders.inspector)
         self.broken = False
         self.faulty = False
         self.crashes = 0
@@ -131,10 +127,10 @@ class Actions:
 
     def be_usual(self):
         """Where most of the pane is within reach."""
-        self.enter("size", "375x667")
+        self.inspector.enter("size", "375x667")
         for _ in range(2):
-            self.step("scale", "Up")
-        self.show_inspector(False)
+            self.inspector.step("scale", "Up")
+        self.inspector.show(False)
         self.resize_back()
 
     # The window.
@@ -143,46 +139,12 @@ class Actions:
         self.hand.resize(self.chance.randrange(300, 1200), self.chance.randrange(300, 1100))
 
     def resize_back(self):
-        self.hand.resize(375 + (SPLITTER + 560 if self.inspector_is_open() else 0), 667 + STATUS_LINE)
+        self.hand.resize(375 + (SPLITTER + 560 if self.inspector.is_open() else 0), 667 + STATUS_LINE)
 
-    # The inspector, as it remembers itself.
-
-    def memory(self):
-        entries = {"shown": "false", "page": ""}
-        try:
-            with open(self.folders.inspector, encoding="utf-8") as file:
-                entries.update(line.strip().split("=", 1) for line in file if "=" in line)
-        except FileNotFoundError:
-            pass
-        return entries
-
-    def inspector_is_open(self):
-        return self.memory()["shown"] == "true"
-
-    def show_inspector(self, shown):
-        """Answers whether it is as wished; something may be in the way."""
-        for _ in range(3):
-            if self.inspector_is_open() == shown:
-                return True
-            self.put_in_order()
-            self.hand.key("i", "Control_L")
-        return self.inspector_is_open() == shown
-
-    def put_in_order(self):
-        """Nothing modal in the way, and the keys are the window's."""
-        hand = self.hand
-        for _ in range(20):
-            if not hand.dialogs() and not hand.popups():
-                break
-            hand.key("Escape")
-        if hand.dialogs():
-            raise hand.failure("A dialog does not close.")
-        if not hand.has_focus():
-            hand.focus()
-            hand.sync()
+    # The inspector.
 
     def look_around_in_inspector(self):
-        if not self.show_inspector(True):
+        if not self.inspector.show(True):
             return
         width, height = self.hand.size()
         left = min(width - 1, max(0, width - 600))
@@ -193,80 +155,32 @@ class Actions:
                 lambda: self.hand.wheel(*at, self.chance.choice([-3, 3])), self.key, self.type
             ])()
             # A dialog is left at once, so that nothing in it is ever used.
-            self.put_in_order()
-
-    def open_page(self, name):
-        """Where the inspector begins, with that page in it; nothing when it can't be had."""
-        for _ in range(12):
-            if not self.show_inspector(False):
-                return None
-            left = self.hand.size()[0] + SPLITTER
-            page = self.memory()["page"]
-            if not self.show_inspector(True):
-                return None
-            if page == name:
-                return left
-            self.hand.click(left + self.tab, 14)
-            if self.memory()["page"] != name:
-                self.tab = 40 if self.tab > 420 else self.tab + 40
-        return None
-
-    def reach(self, name):
-        """The keys go to that control of the page Environment; false when it can't be had."""
-        left = self.open_page("environment")
-        if left is None:
-            return False
-        self.hand.wheel(left + 6, 77, -30)
-        self.hand.click(left + FIRST_CONTROL[0], FIRST_CONTROL[1])
-        for _ in range(CONTROLS.index(name)):
-            self.hand.key("Tab")
-        return True
-
-    def enter(self, name, text):
-        if not self.reach(name):
-            return False
-        self.hand.key("a", "Control_L")
-        self.hand.key("BackSpace")
-        self.hand.type(text)
-        self.hand.key("Return")
-        return True
-
-    def push(self, name):
-        if not self.reach(name):
-            return False
-        self.hand.key("space")
-        return True
-
-    def step(self, name, key):
-        if not self.reach(name):
-            return False
-        self.hand.key(key)
-        return True
+            self.hand.put_in_order()
 
     def environment(self):
         chance = self.chance
         chance.choice([
-            lambda: self.enter("size", chance.choice(SIZES)),
-            lambda: self.step("scale", chance.choice(["Up", "Down"])),
-            lambda: self.enter("locale", chance.choice(LOCALES)),
-            lambda: self.enter("locale", chance.choice(LOCALES)),
-            lambda: self.step("direction", chance.choice(["Up", "Down"])),
-            lambda: self.enter("timezone", chance.choice(ZONES)),
-            lambda: self.enter("now", chance.choice(INSTANTS)),
-            lambda: self.enter("seconds", chance.choice(SECONDS)),
-            lambda: self.push(chance.choice(["stand", "run", "move", "toggle", "statusbar", "anew"])),
+            lambda: self.inspector.enter("size", chance.choice(SIZES)),
+            lambda: self.inspector.step("scale", chance.choice(["Up", "Down"])),
+            lambda: self.inspector.enter("locale", chance.choice(LOCALES)),
+            lambda: self.inspector.enter("locale", chance.choice(LOCALES)),
+            lambda: self.inspector.step("direction", chance.choice(["Up", "Down"])),
+            lambda: self.inspector.enter("timezone", chance.choice(ZONES)),
+            lambda: self.inspector.enter("now", chance.choice(INSTANTS)),
+            lambda: self.inspector.enter("seconds", chance.choice(SECONDS)),
+            lambda: self.inspector.push(chance.choice(["stand", "run", "move", "toggle", "statusbar", "anew"])),
         ])()
 
     def fault(self):
         name = self.chance.choice(FAULTS)
-        if self.push(name):
+        if self.inspector.push(name):
             self.faulty = name != "off"
-        self.show_inspector(self.chance.random() < 0.3)
+        self.inspector.show(self.chance.random() < 0.3)
 
     def mend_faults(self):
-        if self.faulty and self.push("off"):
+        if self.faulty and self.inspector.push("off"):
             self.faulty = False
-            self.show_inspector(False)
+            self.inspector.show(False)
 
     # The bundle, as builds leave it.
 
@@ -312,10 +226,10 @@ class Actions:
         """Whether the file may vanish, and whether it may be halved, by an action that begins now."""
         if blame == ANY_BUTTON:
             return True, True
-        if blame == NOTHING or not self.inspector_is_open():
+        if blame == NOTHING or not self.inspector.is_open():
             return False, False
         # The file's page, which it begins with, can delete it; the environment's, with the faults, does either.
-        page = self.memory()["page"]
+        page = self.inspector.memory()["page"]
         return page in ("", "file", "environment"), page == "environment"
 
     def table(self):

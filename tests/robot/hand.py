@@ -89,6 +89,18 @@ class Hand:
         focus = self.display.get_input_focus().focus
         return not isinstance(focus, int) and focus.id == self.window.id
 
+    def put_in_order(self):
+        """Nothing modal in the way, and the keys are the window's."""
+        for _ in range(20):
+            if not self.dialogs() and not self.popups():
+                break
+            self.key("Escape")
+        if self.dialogs():
+            raise Failure("A dialog does not close.")
+        if not self.has_focus():
+            self.focus()
+            self.sync()
+
     def size(self):
         geometry = self.window.get_geometry()
         return geometry.width, geometry.height

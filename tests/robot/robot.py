@@ -74,7 +74,6 @@ class Robot:
                                             stdout=errors)
         try:
             self.hand = Hand(self.environment["DISPLAY"], self.looks.look, self.process)
-            self.hand.failure = Failure
             self.hand.wait_for_window("Vekora")
             self.actions = Actions(self.hand, self.looks, self.chance, self.folders)
             self.check_that_it_reaches_everything()
@@ -111,41 +110,41 @@ class Robot:
                 raise Failure(sentence)
 
     def check_that_it_reaches_everything(self):
-        actions, hand, looks = self.actions, self.hand, self.looks
+        inspector, hand, looks = self.actions.inspector, self.hand, self.looks
         self.until(lambda: looks.entries, "The preference file was never seeded.")
-        actions.enter("size", "414x736")
+        inspector.enter("size", "414x736")
         self.until(lambda: hand.size()[1] > 736, "The window does not follow the phone's size.")
-        actions.enter("size", "375x667")
+        inspector.enter("size", "375x667")
         self.until(lambda: hand.size()[1] < 736, "The window does not follow the phone's size back.")
         before = hand.picture(0, 0, 375, 667)
-        actions.enter("locale", "ar_EG")
+        inspector.enter("locale", "ar_EG")
         self.until(lambda: hand.picture(0, 0, 375, 667) != before, "Another locale is not to be seen.")
-        actions.step("direction", "Down")
-        actions.step("direction", "Up")
-        actions.enter("locale", "en_US")
+        inspector.step("direction", "Down")
+        inspector.step("direction", "Up")
+        inspector.enter("locale", "en_US")
         self.until(lambda: hand.picture(0, 0, 375, 667) == before, "The first locale does not look as it did.")
-        actions.step("scale", "Down")
+        inspector.step("scale", "Down")
         self.until(lambda: hand.size()[1] > 2 * 667, "The window does not follow the scale.")
-        actions.step("scale", "Up")
+        inspector.step("scale", "Up")
         self.until(lambda: hand.size()[1] < 2 * 667, "The window does not follow the scale back.")
         self.check_faults()
 
     def check_faults(self):
-        actions, hand, looks = self.actions, self.hand, self.looks
+        inspector, hand, looks = self.actions.inspector, self.hand, self.looks
         whole = looks.content
         looks.may_be_halved = True
-        actions.push("half-written")
+        inspector.push("half-written")
         self.until(lambda: looks.content == whole[:len(whole) // 2], "The file was not halved.")
         looks.may_vanish = True
-        actions.push("vanish")
+        inspector.push("vanish")
         self.until(lambda: looks.content is None, "The file did not vanish.")
-        actions.push("readonly")
-        actions.show_inspector(False)
+        inspector.push("readonly")
+        inspector.show(False)
         hand.click(334, 121)
         if looks.content is not None:
             raise Failure("A read-only folder was written.")
-        actions.push("off")
-        actions.show_inspector(False)
+        inspector.push("off")
+        inspector.show(False)
         hand.click(334, 121)
         self.until(lambda: looks.entries, "The file was not written when it could be again.")
 
@@ -169,9 +168,9 @@ class Robot:
             self.looks.may_vanish |= may_vanish
             self.looks.may_be_halved |= may_be_halved
             strict += not may_vanish
-            strict_open += not may_vanish and self.actions.inspector_is_open()
+            strict_open += not may_vanish and self.actions.inspector.is_open()
             action()
-            self.actions.put_in_order()
+            self.hand.put_in_order()
         seconds = time.monotonic() - start
         rate = (self.hand.events - begin) / max(seconds, 1e-9)
         looks = self.looks
@@ -188,7 +187,7 @@ class Robot:
             return int(re.search(r"VmRSS:\s+(\d+)", file.read()).group(1))
 
     def quit(self):
-        self.actions.put_in_order()
+        self.hand.put_in_order()
         self.hand.key_without_answer("q", "Control_L")
         try:
             status = self.process.wait(timeout=300)
