@@ -55,6 +55,8 @@ def write_png(path, width, rows):
 
 
 def main():
+    if len(sys.argv) != 4:
+        sys.exit("Usage: draw-inspector.py PROGRAM ROOT OUT.png")
     program, root, out = sys.argv[1:]
     with tempfile.TemporaryDirectory() as scratch:
         os.mkdir(os.path.join(scratch, "vekora"))

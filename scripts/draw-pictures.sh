@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
-# Makes the README's pictures anew, with the driver; the inspector's, on a screen of its own, with Xvfb, xdotool and
-# python3-xlib.
+# Makes the README's pictures anew, with the driver; the inspector's on a screen of its own. Look at each one before it is
+# committed.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
+. scripts/setup.sh
+need_packages "${packages_run[@]}" python3-xlib xdotool xvfb
 root=$(mktemp -d)
 trap 'rm -rf "$root"' EXIT
 same=(--root "$root" --now 2014-01-05T10:17:42 --timezone Europe/Berlin --locale en_US --statusbar)
@@ -22,3 +24,4 @@ shot docs/pictures/gallery.png
 SCRIPT
 # Debian's Python, as Xlib is a package of its.
 /usr/bin/python3 scripts/draw-inspector.py build/release/bin/vekora-host "$root/inspector" docs/pictures/inspector.png
+git status --short docs/pictures
