@@ -169,6 +169,14 @@ std::span<const EnvironmentRule> environmentRules()
     return rules;
 }
 
+std::vector<std::string> environmentInWords(const Phone& phone)
+{
+    std::vector<std::string> words;
+    for (const auto& rule : rules)
+        words.push_back(rule.word(phone));
+    return words;
+}
+
 std::string changeEnvironment(Phone& phone, std::string_view name, const std::string& word)
 {
     for (const auto& rule : rules) {

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace host {
 
@@ -22,6 +23,9 @@ struct EnvironmentRule {
 
 /// toggle, statusbar, locale, timezone, now, size, scale and direction.
 std::span<const EnvironmentRule> environmentRules();
+
+/// What all of it is now, in the rules' order.
+std::vector<std::string> environmentInWords(const Phone&);
 
 /// Changes what is called `name`. Answers with nothing, or with one sentence that says why not; then nothing
 /// has changed.

@@ -8,6 +8,7 @@
 #include "platform/UIScrollView.h"
 #include "platform/UITextField.h"
 #include "PreferenceFile.h"
+#include "PreferenceState.h"
 
 #include <stdexcept>
 
@@ -115,6 +116,22 @@ bool Phone::endEditing()
         _observer->endingEditing();
     field->resignFirstResponder();
     return true;
+}
+
+std::string Phone::storePreference(const std::string& key, const std::optional<PropertyValue>& value)
+{
+    const InputSpan input(_observer);
+    if (_observer)
+        _observer->storingPreference(key, value);
+    return host::storePreference(preferenceFile(), key, value);
+}
+
+std::string Phone::deletePreferences()
+{
+    const InputSpan input(_observer);
+    if (_observer)
+        _observer->deletingPreferences();
+    return host::deletePreferences(preferenceFile());
 }
 
 void Phone::setScreen(CGSize size, int scale)

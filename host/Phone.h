@@ -6,6 +6,7 @@
 #include "platform/Geometry.h"
 #include "platform/NSBundle.h"
 #include "platform/NSDate.h"
+#include "platform/PropertyValue.h"
 #include "platform/UINavigationController.h"
 #include "platform/UIWindow.h"
 
@@ -65,6 +66,8 @@ public:
     void setPagePath(PagePath path) { _path = std::move(path); }
     /// Where the bundle comes from on this machine.
     std::string bundleFolder() const;
+    /// Whether an error page stands in for the bundle's.
+    bool showsError() const { return _showsError; }
     /// Null while none is loaded.
     const platform::NSBundle* bundle() const { return _bundle.get(); }
     /// As they are now, the environment's changes among them.
@@ -127,6 +130,13 @@ public:
     void makePagesAnew();
     /// Lets the page on top appear again, as if one came back to it: most read their files then.
     void showPageAgain();
+
+    // The preference file that is looked at (PreferenceFile.h), changed past the pane, as PreferenceState.h
+    // has it. The answers are those of its functions.
+
+    /// Changes one key; nothing removes it.
+    std::string storePreference(const std::string& key, const std::optional<platform::PropertyValue>&);
+    std::string deletePreferences();
 
     /// Called after each change of the environment, whoever made it. Returns a number to stop listening with.
     int listenToEnvironment(std::function<void()>);

@@ -94,11 +94,16 @@ PagePath Phone::pagePath() const
 
 std::optional<std::string> Phone::reloadBundle()
 {
+    const InputSpan input(_observer);
+    if (_observer)
+        _observer->loadingBundleAnew();
     _path = pagePath();
     closePages();
     auto error = openBundle();
     if (!error)
         static_cast<void>(followPagePath(*_navigation, _path)); // As far as the pages are still there.
+    if (_observer)
+        _observer->loadedBundleAnew(error);
     return error;
 }
 

@@ -1,6 +1,10 @@
 #pragma once
 
 #include "platform/InputObserver.h"
+#include "platform/PropertyValue.h"
+
+#include <optional>
+#include <string>
 
 namespace host {
 
@@ -13,6 +17,12 @@ public:
     virtual void endingEditing() = 0;
     virtual void makingPagesAnew() = 0;
     virtual void showingPageAgain() = 0;
+    /// Nothing removes the key.
+    virtual void storingPreference(const std::string& key, const std::optional<platform::PropertyValue>&) = 0;
+    virtual void deletingPreferences() = 0;
+    virtual void loadingBundleAnew() = 0;
+    /// With the reason when it could not be, and an error page is shown.
+    virtual void loadedBundleAnew(const std::optional<std::string>& failure) = 0;
 
     /// Layout and painting are finished.
     virtual void phoneSettled() = 0;

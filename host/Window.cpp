@@ -26,6 +26,7 @@ using namespace platform;
 
 namespace {
 
+constexpr int recordingIsNotWhole = 1;
 constexpr int cannotBegin = 2;
 constexpr const char* pictureFolder = "pictures"; // Below the folder that the program is started in.
 
@@ -111,8 +112,8 @@ int runWindow(int argc, char** argv, PhoneOptions options, Scale scale, const st
     window.show();
     QTimer::singleShot(0, &window, noteMissingBus);
     const auto status = QApplication::exec();
-    if (recorder)
-        recorder->finish();
+    if (recorder && !recorder->finish())
+        return recordingIsNotWhole;
     return status;
 }
 

@@ -18,7 +18,7 @@ constexpr double farthest = 1e6;
 
 using Topic = std::span<const DriverCommand> (*)();
 constexpr Topic topics[] = { alertCommands, environmentCommands, faultCommands, fileCommands, pictureCommands,
-    rowCommands, textCommands, touchCommands, treeCommands };
+    preferenceCommands, rowCommands, textCommands, touchCommands, treeCommands };
 
 const DriverCommand& commandNamed(std::string_view name)
 {

@@ -21,6 +21,7 @@ std::span<const DriverCommand> environmentCommands();
 std::span<const DriverCommand> faultCommands();
 std::span<const DriverCommand> fileCommands();
 std::span<const DriverCommand> pictureCommands();
+std::span<const DriverCommand> preferenceCommands();
 std::span<const DriverCommand> rowCommands();
 std::span<const DriverCommand> textCommands();
 std::span<const DriverCommand> touchCommands();

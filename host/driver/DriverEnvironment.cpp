@@ -33,10 +33,18 @@ QJsonObject reappear(Driver& driver, Words)
     return {};
 }
 
+QJsonObject reload(Driver& driver, Words)
+{
+    if (const auto failure = driver.phone().reloadBundle())
+        throw CommandFailure(*failure);
+    return {};
+}
+
 constexpr DriverCommand commands[] = {
     { "environment", 0, 2, "[NAME VALUE]", environment },
     { "reopen", 0, 0, {}, reopen },
     { "reappear", 0, 0, {}, reappear },
+    { "reload", 0, 0, {}, reload },
 };
 
 }

@@ -9,6 +9,7 @@
 #include <array>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 
 namespace host {
@@ -93,6 +94,19 @@ QJsonObject edit(Driver& driver, Words words)
     return textOf(field);
 }
 
+QJsonObject compose(Driver& driver, Words words)
+{
+    auto& field = focusedField(driver);
+    const auto caret = placeFromWord(words[1]);
+    QInputMethodEvent event(QString::fromStdString(words[0]),
+        { QInputMethodEvent::Attribute(QInputMethodEvent::Cursor, caret, 1) });
+    if (words.size() > 2)
+        event.setCommitString(QString::fromStdString(words[2]));
+    const auto kept = field.weak_from_this().lock();
+    field.editor().inputMethod(event);
+    return textOf(field);
+}
+
 QJsonObject done(Driver& driver, Words)
 {
     focusedField(driver);
@@ -130,6 +144,8 @@ constexpr DriverCommand commands[] = {
     { "key", 1, 1, "one NAME", key },
     { "select", 2, 2, "FROM and TO", select },
     { "edit", 3, 3, "one text, in quotation marks when it has blanks, FROM and TO", edit },
+    { "compose", 2, 3, "one text, in quotation marks when it has blanks, CARET and perhaps another text",
+        compose },
     { "done", 0, 0, "", done },
 };
 

@@ -1,8 +1,8 @@
 #include "FileModel.h"
 
 #include "host/observe/Changes.h"
+#include "host/ValueText.h"
 #include "Marks.h"
-#include "ValueText.h"
 
 #include <QFont>
 

@@ -3,11 +3,11 @@
 #include "host/Line.h"
 #include "host/Phone.h"
 #include "host/PreferenceFile.h"
+#include "host/ValueText.h"
 #include "PageParts.h"
 #include "platform/Journal.h"
 #include "platform/qt/DeviceFiles.h"
 #include "ValueDelegate.h"
-#include "ValueText.h"
 
 #include <QComboBox>
 #include <QDesktopServices>
@@ -186,7 +186,7 @@ bool FilePage::edit(const std::string& key, const QString& text)
         tell(*sentence);
         return false;
     }
-    const auto failure = storePreference(_watch.devicePath(), key, std::get<PropertyValue>(value));
+    const auto failure = _phone.storePreference(key, std::get<PropertyValue>(value));
     tell(failure);
     return failure.empty();
 }
@@ -203,7 +203,7 @@ void FilePage::add()
     auto value = valueFromText(_newType->currentText().toStdString(), _newValue->text().toStdString());
     if (const auto* const sentence = std::get_if<std::string>(&value))
         return tell(*sentence);
-    const auto failure = storePreference(_watch.devicePath(), key, std::get<PropertyValue>(value));
+    const auto failure = _phone.storePreference(key, std::get<PropertyValue>(value));
     tell(failure);
     if (!failure.empty())
         return;
@@ -216,7 +216,7 @@ void FilePage::removeSelected()
     const auto rows = _table->selectionModel()->selectedRows();
     if (rows.isEmpty() || _model->mark(rows.front().row()) == FileModel::Mark::Removed)
         return;
-    tell(storePreference(_watch.devicePath(), _model->key(rows.front().row()), std::nullopt));
+    tell(_phone.storePreference(_model->key(rows.front().row()), std::nullopt));
 }
 
 void FilePage::ask(bool isAsking)
@@ -229,7 +229,7 @@ void FilePage::ask(bool isAsking)
 void FilePage::reset()
 {
     ask(false);
-    tell(deletePreferences(_watch.devicePath()));
+    tell(_phone.deletePreferences());
     _watch.look();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PreferenceState.h"
+#include "host/PreferenceState.h"
 
 #include <functional>
 #include <QFileSystemWatcher>

@@ -23,6 +23,8 @@ namespace {
 
 using Kind = Actor::Kind;
 
+constexpr std::size_t longestName = 500; // Bytes; nobody reads a longer one in a script.
+
 /// What hands every touch to its superview. A pane's own subclasses may do anything.
 bool isInert(const UIView& view)
 {
@@ -96,7 +98,8 @@ private:
 
     bool leadsHere(const std::string& text) const
     {
-        return fitsInScript(text) && isHere(unscrolledPlaceOfText(_phone.window(), text));
+        return text.size() <= longestName && fitsInScript(text)
+            && isHere(unscrolledPlaceOfText(_phone.window(), text));
     }
 
     std::string ofWayBack() const
@@ -113,7 +116,8 @@ private:
     {
         auto* const alert = UIAlertView::topmost();
         const auto* const button = dynamic_cast<UIButton*>(_actor.view);
-        if (!alert || !button || !fitsInScript(button->currentTitle()))
+        if (!alert || !button || button->currentTitle().size() > longestName
+            || !fitsInScript(button->currentTitle()))
             return {};
         const auto* const found = buttonTitled(*alert, button->currentTitle());
         return found == button && isHere(middleInWindow(*button))

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <stdexcept>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -21,7 +22,7 @@ std::string reason(int error)
 
 RecordFile::RecordFile(std::string path, std::string_view header)
     : _path(std::move(path))
-    , _file(::open(_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666))
+    , _file(::open(_path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666))
 {
     if (_file < 0)
         throw std::runtime_error("The recording " + _path + " can't be written: " + reason(errno) + ".");
@@ -34,28 +35,54 @@ RecordFile::~RecordFile()
         ::close(_file);
 }
 
+bool RecordFile::writeAt(std::size_t place, std::string_view text)
+{
+    while (!text.empty()) {
+        const auto count = ::pwrite(_file, text.data(), text.size(), static_cast<off_t>(place));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return false;
+        place += static_cast<std::size_t>(count);
+        text.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
 void RecordFile::replaceFrom(std::size_t place, std::string_view text)
 {
     if (_file < 0)
         return;
-    for (std::size_t written = 0; written < text.size();) {
-        const auto count = ::pwrite(
-            _file, text.data() + written, text.size() - written, static_cast<off_t>(place + written));
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return fail(errno);
-        written += static_cast<std::size_t>(count);
-    }
+    std::string before(_size - place, '\0');
+    const bool canBePutBack = ::pread(_file, before.data(), before.size(), static_cast<off_t>(place))
+        == static_cast<ssize_t>(before.size());
     const auto size = place + text.size();
-    if (size < _size && ::ftruncate(_file, static_cast<off_t>(size)) != 0)
-        return fail(errno);
+    if (!writeAt(place, text) || (size < _size && ::ftruncate(_file, static_cast<off_t>(size)) != 0)) {
+        const auto error = errno;
+        // Else it would end within a command.
+        const auto isBack = canBePutBack && writeAt(place, before);
+        static_cast<void>(::ftruncate(_file, static_cast<off_t>(isBack ? _size : place)));
+        return fail(reason(error));
+    }
     _size = size;
 }
 
-void RecordFile::fail(int error)
+bool RecordFile::finish()
 {
-    std::fprintf(stderr, "The recording %s ends here: %s.\n", _path.c_str(), reason(error).c_str());
+    if (_file < 0)
+        return false;
+    struct stat own { };
+    struct stat named { };
+    if (::fstat(_file, &own) == 0 && ::stat(_path.c_str(), &named) == 0 && own.st_dev == named.st_dev
+        && own.st_ino == named.st_ino)
+        return true;
+    fail("the file is gone");
+    return false;
+}
+
+void RecordFile::fail(const std::string& why)
+{
+    std::fprintf(stderr, "The recording %s ends here: %s.\n", _path.c_str(), why.c_str());
     ::close(_file);
     _file = -1;
 }

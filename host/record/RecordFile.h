@@ -19,12 +19,16 @@ public:
     /// Bytes so far.
     std::size_t size() const { return _size; }
     void append(std::string_view text) { replaceFrom(_size, text); }
-    /// What follows that many bytes becomes the text. When the disk is full or gone, one sentence goes to
-    /// standard error, and nothing more is written.
+    /// What follows that many bytes becomes the text. When the disk is full or gone, the file is left as it
+    /// was, one sentence goes to standard error, and nothing more is written.
     void replaceFrom(std::size_t place, std::string_view text);
+    /// Whether all of it is in a file of that name. When it is not, standard error has been told why.
+    bool finish();
 
 private:
-    void fail(int error);
+    /// False with the reason in errno.
+    bool writeAt(std::size_t place, std::string_view text);
+    void fail(const std::string& why);
 
     std::string _path;
     int _file = -1;

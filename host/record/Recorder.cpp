@@ -1,13 +1,11 @@
 #include "Recorder.h"
 
 #include "host/driver/Digest.h"
-#include "host/driver/TapTarget.h"
 #include "host/driver/ViewSearch.h"
 #include "host/EnvironmentRules.h"
 #include "host/Faults.h"
 #include "platform/qt/TextEditor.h"
 #include "platform/UIAlertView.h"
-#include "platform/UIButton.h"
 #include "ScriptText.h"
 
 namespace host {
@@ -17,14 +15,6 @@ using namespace platform;
 namespace {
 
 constexpr std::size_t longestTyped = 1000; // Bytes of one line.
-
-std::vector<std::string> environmentInWords(const Phone& phone)
-{
-    std::vector<std::string> words;
-    for (const auto& rule : environmentRules())
-        words.push_back(rule.word(phone));
-    return words;
-}
 
 }
 
@@ -39,6 +29,8 @@ Recorder::Recorder(Phone& phone, RecordFile& file)
         if (_gesture)
             _gesture->sets(entry);
     });
+    if (phone.showsError())
+        writeOfErrorPage();
     _environment = environmentInWords(phone);
     _whenPagesGo = phone.whenPagesGo([this] {
         _watch.forget();
@@ -65,13 +57,16 @@ void Recorder::stop()
     Journal::shared().stop(_listener);
 }
 
-void Recorder::finish()
+bool Recorder::finish()
 {
     _phone.settle();
     stop();
+    if (_phone.showsError())
+        _file.append("# The window ended with an error page, which a replay does not come to.\n");
     const auto digest = digestOf(_phone.window());
     _file.append("# The window ended with preferences " + digest.preferences.value_or("none") + ",\n# tree "
         + digest.tree + ",\n# picture " + digest.picture + ".\ndigest\n");
+    return _file.finish();
 }
 
 void Recorder::inputBegins()
@@ -120,7 +115,7 @@ void Recorder::phoneSettled()
 void Recorder::touchArrives(const UITouch& touch)
 {
     if (touch.phase() == UITouchPhase::Began) {
-        _gesture = std::make_unique<Gesture>(_phone, touch);
+        _gesture = _phone.showsError() ? nullptr : std::make_unique<Gesture>(_phone, touch);
         _gestureBegin = _file.size();
     } else if (_gesture) {
         _gesture->goesOn(touch);
@@ -134,34 +129,13 @@ void Recorder::touchArrives(const UITouch& touch)
 
 void Recorder::keyArrives(std::string_view name)
 {
-    write("key " + std::string(name) + '\n');
+    writeForPage("key " + std::string(name) + '\n');
 }
 
 void Recorder::editingEnds()
 {
     // In an alert the key would answer it.
-    write(UIAlertView::topmost() ? "done\n" : "key Return\n");
-}
-
-void Recorder::endingEditing()
-{
-    write("done\n");
-}
-
-void Recorder::makingPagesAnew()
-{
-    write("reopen\n");
-}
-
-void Recorder::showingPageAgain()
-{
-    write("reappear\n");
-}
-
-void Recorder::goingBack()
-{
-    const bool canBeTapped = unscrolledPlaceOf(_phone.window(), _phone.navigation().backButton()).has_value();
-    write(canBeTapped ? "back\n" : "# The page was left by a key, which no command does here.\n");
+    writeForPage(UIAlertView::topmost() ? "done\n" : "key Return\n");
 }
 
 void Recorder::textWillChange(UITextField& field)
@@ -171,26 +145,12 @@ void Recorder::textWillChange(UITextField& field)
 
 void Recorder::textChanged(UITextField& field)
 {
+    // What another input has an input method hand over follows when it is replayed.
+    if (_depth > 1)
+        return;
     const auto command = commandFor(_fieldBefore, FieldState::of(field), field.keyboardType());
     if (!command.line.empty())
         writeText(command, field);
-}
-
-void Recorder::writeEnvironment()
-{
-    const auto now = environmentInWords(_phone);
-    for (std::size_t index = 0; index < now.size(); ++index) {
-        if (now[index] == _environment[index])
-            continue;
-        write("environment " + std::string(environmentRules()[index].name) + ' ' + scriptWord(now[index])
-            + '\n');
-    }
-    _environment = now;
-    _file.append(std::exchange(_releaseLater, {}));
-    // What it leads to follows when it is replayed.
-    ++_depth;
-    _phone.settle();
-    --_depth;
 }
 
 void Recorder::write(std::string_view line)
@@ -202,12 +162,6 @@ void Recorder::write(std::string_view line)
 
 void Recorder::writeText(const TextCommand& command, UITextField& field)
 {
-    // A touch had an input method hand over its text: that comes first.
-    if (_gesture && _depth > 1 && !_gesture->isScrolling() && !_gesture->wasInterrupted()) {
-        _file.replaceFrom(_gestureBegin, command.line);
-        _gestureBegin = _file.size();
-        return _file.append(_gesture->steps());
-    }
     const bool goesOn = isLast(_typing) && !command.typed.empty() && !_gesture && _typedInto == &field
         && _typedAt == rectInWindow(field) && _typed.size() + command.typed.size() <= longestTyped
         && _lengthBeforeTyping + QString::fromStdString(_typed + command.typed).size()
@@ -230,6 +184,8 @@ void Recorder::writeText(const TextCommand& command, UITextField& field)
 
 void Recorder::writeScroll(const ScrollWatch::Change& change)
 {
+    if (_phone.showsError())
+        return;
     const bool goesOn = isLast(_scrolling) && _scroller == change.scroller.get();
     if (!goesOn) {
         _scrolling = { _file.size(), _file.size() };

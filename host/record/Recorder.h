@@ -24,8 +24,8 @@ public:
     Recorder& operator=(const Recorder&) = delete;
 
     /// Ends the script with a digest of what there is now, which its replay prints as well. Nothing is
-    /// recorded any more.
-    void finish();
+    /// recorded any more. False when not all of it is in the file.
+    bool finish();
 
     void inputBegins() override;
     void inputEnds() override;
@@ -38,6 +38,10 @@ public:
     void endingEditing() override;
     void makingPagesAnew() override;
     void showingPageAgain() override;
+    void storingPreference(const std::string& key, const std::optional<platform::PropertyValue>&) override;
+    void deletingPreferences() override;
+    void loadingBundleAnew() override;
+    void loadedBundleAnew(const std::optional<std::string>& failure) override;
     void phoneSettled() override;
 
 private:
@@ -48,6 +52,9 @@ private:
     };
 
     void write(std::string_view line);
+    /// Something that is done to a page: of an error page, which a replay does not come to, nothing is said.
+    void writeForPage(std::string_view line);
+    void writeOfErrorPage();
     void writeText(const TextCommand&, platform::UITextField&);
     void writeScroll(const ScrollWatch::Change&);
     bool isLast(const OpenLine& line) const { return line.end != 0 && line.end == _file.size(); }
@@ -68,6 +75,7 @@ private:
 
     std::unique_ptr<Gesture> _gesture;
     std::size_t _gestureBegin = 0; ///< In the file.
+    std::size_t _reloadBegin = 0; ///< The same.
 
     FieldState _fieldBefore;
     OpenLine _typing;

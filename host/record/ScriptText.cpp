@@ -11,6 +11,23 @@ namespace host {
 
 namespace {
 
+/// What a line can't hold, byte by byte, for the shells that read such words.
+std::string escapedShellWord(const std::string& text)
+{
+    std::string word = "$'";
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte >= ' ' && byte < 0x7F && character != '\'' && character != '\\') {
+            word += character;
+            continue;
+        }
+        word += '\\';
+        for (const int shift : { 6, 3, 0 })
+            word += static_cast<char>('0' + (byte >> shift & 7));
+    }
+    return word + "'";
+}
+
 /// For a shell; what needs no quotation marks gets none.
 std::string shellWord(const std::string& text)
 {
@@ -18,6 +35,8 @@ std::string shellWord(const std::string& text)
         = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-+=./:,@%";
     if (!text.empty() && text.find_first_not_of(harmless) == std::string::npos)
         return text;
+    if (!fitsInScript(text))
+        return escapedShellWord(text);
     std::string quoted = "'";
     for (const char character : text)
         quoted += character == '\'' ? std::string("'\\''") : std::string(1, character);
@@ -66,7 +85,11 @@ std::string scriptLine(std::string_view command, platform::CGPoint point)
 
 std::string recordingHeader(const PhoneOptions& options, const std::string& file)
 {
-    std::string line = "# ./run drive --root " + shellWord(options.root) + " --size "
+    const auto preferences = std::filesystem::path(options.root) / "private/var/mobile/Library/Preferences";
+    const auto hadPreferences = holdsFiles(preferences);
+    // What it began without must not be there again.
+    std::string line = "# ./run drive --root "
+        + (hadPreferences ? shellWord(options.root) : "\"$(mktemp -d)\"") + " --size "
         + scriptNumber(options.size.width) + "x" + scriptNumber(options.size.height) + " --scale "
         + std::to_string(options.scale) + " --locale " + shellWord(options.locale) + " --timezone "
         + shellWord(options.timeZone);
@@ -82,11 +105,12 @@ std::string recordingHeader(const PhoneOptions& options, const std::string& file
         line += " --defaults " + shellWord(options.defaults);
     if (options.direction != TextDirection::OfTheLocale)
         line += " --direction " + std::string(wordFor(options.direction));
-    const auto preferences = std::filesystem::path(options.root) / "private/var/mobile/Library/Preferences";
-    std::string text = "# Recorded in the window. This replays it:\n" + line + ' ' + shellWord(file) + '\n';
-    text += holdsFiles(preferences)
+    // Else it would be an option, or standard input.
+    const auto name = file.starts_with('-') ? "./" + file : file;
+    std::string text = "# Recorded in the window. This replays it:\n" + line + ' ' + shellWord(name) + '\n';
+    text += hadPreferences
         ? "# There were preferences when it began; they must be there again, or another root hold them.\n"
-        : "# There were no preferences when it began; take an empty root.\n";
+        : "# There were no preferences when it began, so the root is a new one.\n";
     if (!options.now)
         text += "# The clock ran. With --now it stands still, and what it shows is the same each time.\n";
     return text;

@@ -49,24 +49,44 @@ TextCommand inserting(const QString& text, qsizetype length, UIKeyboardType keyb
     return { (isKey ? "type " : "paste ") + scriptWord(utf8) + '\n', isKey ? utf8 : std::string() };
 }
 
+/// What an input method did. It also takes the selection away, as its command does.
+TextCommand composing(const FieldState& before, const FieldState& after, UIKeyboardType keyboard)
+{
+    const auto command = [](const FieldState& state) {
+        return "compose " + scriptWord(state.composition.toStdString()) + ' '
+            + std::to_string(state.compositionCaret);
+    };
+    const FieldState textBefore { before.text, before.anchor, before.caret };
+    const FieldState textAfter { after.text, after.anchor, after.caret };
+    if (textAfter == textBefore || textAfter == afterInserting(textBefore, {}))
+        return { command(after) + '\n', {} };
+    if (const auto text = insertedText(textBefore, textAfter); text && fitsInScript(text->toStdString()))
+        return { command(after) + ' ' + scriptWord(text->toStdString()) + '\n', {} };
+    const auto rest = commandFor(textBefore, textAfter, keyboard).line;
+    return { command({}) + '\n' + rest + (after.composition.isEmpty() ? "" : command(after) + '\n'), {} };
+}
+
 }
 
 FieldState FieldState::of(UITextField& field)
 {
-    const auto& edit = field.editor().lineEdit;
+    const auto& editor = field.editor();
+    const auto& edit = editor.lineEdit;
     if (!edit)
         return {};
     const auto caret = edit->cursorPosition();
-    if (!edit->hasSelectedText())
-        return { edit->text(), caret, caret };
-    return { edit->text(), caret == edit->selectionStart() ? edit->selectionEnd() : edit->selectionStart(),
-        caret };
+    const auto anchor = !edit->hasSelectedText() ? caret
+        : caret == edit->selectionStart()        ? edit->selectionEnd()
+                                                 : edit->selectionStart();
+    return { edit->text(), anchor, caret, editor.composition(), editor.compositionCaret() };
 }
 
 TextCommand commandFor(const FieldState& before, const FieldState& after, UIKeyboardType keyboard)
 {
     if (after == before)
         return {};
+    if (!before.composition.isEmpty() || !after.composition.isEmpty())
+        return composing(before, after, keyboard);
     if (const auto text = insertedText(before, after); text && fitsInScript(text->toStdString()))
         return inserting(*text, before.text.size(), keyboard);
     if (after == afterBackspace(before))

@@ -15,6 +15,8 @@ struct FieldState {
     QString text;
     int anchor = 0; ///< UTF-16 units; where the selection began.
     int caret = 0;
+    QString composition {}; ///< What an input method has not handed over yet.
+    int compositionCaret = 0; ///< In that.
 
     /// Empty for a field that nobody edits.
     static FieldState of(platform::UITextField&);

@@ -62,6 +62,9 @@ struct UITextField::Editor {
     /// As if there had been a press there and then.
     void rememberPress(CGFloat x, double timestamp);
     bool isEditing() const { return lineEdit != nullptr; }
+    /// What an input method has not committed yet, shown at the caret, and where in it its own caret is.
+    const QString& composition() const { return _composition; }
+    int compositionCaret() const { return _composition.isEmpty() ? 0 : _compositionCaret; }
 
     /// UTF-16 units. Text that is set from the program may be longer while nobody edits it.
     static constexpr int maximumLength = 100000;
@@ -108,7 +111,7 @@ private:
     int indexAt(CGFloat x) const;
     QString shownText() const;
 
-    QString _composition; ///< What an input method has not committed yet; shown at the caret.
+    QString _composition;
     int _compositionCaret = 0;
     CGFloat _offset = 0; ///< How far a text longer than the field is scrolled.
     int _anchor = 0; ///< Where a selection by dragging began.

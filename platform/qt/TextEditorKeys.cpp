@@ -182,13 +182,15 @@ bool UITextField::Editor::inputMethod(QInputMethodEvent& event)
         inputMethod(nothing);
         return false;
     }
-    _composition = oneLine(event.preeditString());
-    _compositionCaret = static_cast<int>(_composition.size());
-    for (const auto& attribute : event.attributes()) {
-        if (attribute.type == QInputMethodEvent::Cursor)
-            _compositionCaret = std::clamp(attribute.start, 0, _compositionCaret);
-    }
-    return edit([&] { lineEdit->event(&event); });
+    return edit([&] {
+        _composition = oneLine(event.preeditString());
+        _compositionCaret = static_cast<int>(_composition.size());
+        for (const auto& attribute : event.attributes()) {
+            if (attribute.type == QInputMethodEvent::Cursor)
+                _compositionCaret = std::clamp(attribute.start, 0, _compositionCaret);
+        }
+        lineEdit->event(&event);
+    });
 }
 
 void UITextField::Editor::commitComposition()

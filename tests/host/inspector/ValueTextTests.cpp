@@ -1,4 +1,4 @@
-#include "host/inspector/ValueText.h"
+#include "host/ValueText.h"
 
 #include "platform/Device.h"
 

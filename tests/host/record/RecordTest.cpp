@@ -6,6 +6,7 @@
 #include "tests/host/Conversation.h"
 
 #include <fstream>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <sstream>
 
@@ -173,6 +174,14 @@ void RecordTest::typeKeys(const QString& text)
 {
     for (const auto character : text)
         pressKey(0, {}, QString(character));
+}
+
+void RecordTest::compose(const QString& text, int caret, const QString& committed)
+{
+    const auto place = caret < 0 ? static_cast<int>(text.size()) : caret;
+    QInputMethodEvent event(text, { QInputMethodEvent::Attribute(QInputMethodEvent::Cursor, place, 1) });
+    event.setCommitString(committed);
+    window().firstResponder()->editor().inputMethod(event);
 }
 
 void host::PrintTo(const Digest& digest, std::ostream* stream)

@@ -44,6 +44,8 @@ protected:
     void glide(int frames);
     void pressKey(int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {});
     void typeKeys(const QString& text);
+    /// An input method shows a text and hands over another; its caret is at the end unless it says where.
+    void compose(const QString& text, int caret = -1, const QString& committed = {});
 
     double time = 1;
     host::PhoneOptions recorded;

@@ -42,7 +42,7 @@ protected:
 
     void step()
     {
-        switch (upTo(15)) {
+        switch (upTo(16)) {
         case 0:
         case 1:
         case 2:
@@ -73,6 +73,8 @@ protected:
             return;
         case 14:
             return someEnvironment();
+        case 15:
+            return someComposition();
         default:
             if (auto* field = window().firstResponder())
                 field->editor().paste(upTo(1) ? "some text" : "é\\\"$`'");
@@ -133,6 +135,15 @@ private:
                 upTo(2) ? Qt::NoModifier : Qt::ShiftModifier);
         else
             pressKey(commands[static_cast<std::size_t>(upTo(commands.size() - 1))], Qt::ControlModifier);
+    }
+
+    void someComposition()
+    {
+        static const QStringList texts { {}, "n", "ni", "a longer one that the field is too narrow for" };
+        if (!window().firstResponder())
+            return;
+        const auto& text = texts.at(upTo(3));
+        compose(text, upTo(2) ? -1 : upTo(3), upTo(2) ? QString() : upTo(1) ? "你" : "12");
     }
 
     void someEnvironment()

@@ -6,8 +6,6 @@
 #include "platform/qt/TextEditor.h"
 #include "platform/UIAlertView.h"
 
-#include <QInputMethodEvent>
-
 #include <stdexcept>
 
 using namespace platform;
@@ -107,15 +105,46 @@ TEST_F(Recordings, ADoubleTapSelectsTheSameWord)
     expectSameReplay();
 }
 
-TEST_F(Recordings, TextOfAnInputMethodComesBeforeTheTouchThatTakesIt)
+TEST_F(Recordings, TextOfAnInputMethodThatATouchTakes)
 {
     record();
     tapAt(middleOfClass("UITextField"));
-    auto& editor = window().firstResponder()->editor();
-    QInputMethodEvent composing("ni", {});
-    editor.inputMethod(composing);
+    compose("n");
+    compose("ni");
     tapAt(middleOf("Vekora Now"));
-    EXPECT_TRUE(script().ends_with("paste \"ni\"\ntap \"Vekora Now\"\n")) << script();
+    EXPECT_TRUE(script().ends_with("compose \"n\" 1\ncompose \"ni\" 2\ntap \"Vekora Now\"\n")) << script();
+    expectSameReplay();
+}
+
+TEST_F(Recordings, TextOfAnInputMethodThatIsNotHandedOverYet)
+{
+    record();
+    tapAt(middleOfClass("UITextField"));
+    compose("ni", 1);
+    EXPECT_TRUE(script().ends_with("compose \"ni\" 1\n")) << script();
+    expectSameReplay();
+    compose({}, 0, "你");
+    EXPECT_TRUE(script().ends_with("compose \"\" 0 \"你\"\n")) << script();
+    expectSameReplay();
+    pressKey(Qt::Key_A, Qt::ControlModifier);
+    compose("hao", 3);
+    EXPECT_EQ(window().firstResponder()->editor().text(), "");
+    compose("h", 1, "ao");
+    expectSameReplay();
+    phone->makePagesAnew();
+    EXPECT_TRUE(script().ends_with("compose \"hao\" 3\ncompose \"h\" 1 \"ao\"\nreopen\n")) << script();
+    expectSameReplay();
+}
+
+TEST_F(Recordings, AFieldIsScrolledByTextOfAnInputMethodAsWell)
+{
+    record();
+    tapAt(middleOfClass("UITextField"));
+    typeKeys("a text that is as long as the field is wide, or so");
+    pressKey(Qt::Key_Home);
+    compose("one two three four five six seven eight nine ten eleven");
+    compose("one two", 0);
+    compose({}, 0, "1");
     expectSameReplay();
 }
 

@@ -1,7 +1,7 @@
 #include "ValueText.h"
 
-#include "host/driver/ScriptParser.h"
-#include "host/Instant.h"
+#include "driver/ScriptParser.h"
+#include "Instant.h"
 #include "platform/Device.h"
 #include "platform/qt/PropertyListFormat.h"
 
@@ -29,17 +29,6 @@ std::string_view trimmed(std::string_view text)
     const auto first = text.find_first_not_of(blanks);
     return first == text.npos ? std::string_view()
                               : text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-std::string quoted(std::string_view text)
-{
-    constexpr std::size_t longest = 40; // Bytes; a sentence must stay one.
-    if (text.size() <= longest)
-        return '"' + std::string(text) + '"';
-    auto end = longest;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-        --end; // Not inside a character.
-    return '"' + std::string(text.substr(0, end)) + "…\"";
 }
 
 /// The elements of a value in one line: as the writer puts them, without the ends and indentation of lines,
@@ -100,7 +89,7 @@ Reading readBoolean(std::string_view text)
         if (text == no)
             return PropertyValue(false);
     }
-    return "A boolean is true or false, not " + quoted(text) + ".";
+    return "A boolean is true or false, not " + quotedInSentence(text) + ".";
 }
 
 Reading readInteger(std::string_view text)
@@ -109,9 +98,9 @@ Reading readInteger(std::string_view text)
     const auto digits = text.starts_with('+') ? text.substr(1) : text;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (error == std::errc::result_out_of_range)
-        return "An integer has 64 bits, which is too few for " + quoted(text) + ".";
+        return "An integer has 64 bits, which is too few for " + quotedInSentence(text) + ".";
     if (error != std::errc() || end != digits.data() + digits.size() || text.starts_with("+-"))
-        return "An integer is a whole number, as 60 or -1, not " + quoted(text) + ".";
+        return "An integer is a whole number, as 60 or -1, not " + quotedInSentence(text) + ".";
     return PropertyValue(number);
 }
 
@@ -119,7 +108,7 @@ Reading readReal(std::string_view text)
 {
     double number = 0;
     if (!readNumber(text, number))
-        return "A real is a number, as 0.5 or 1e3, not " + quoted(text) + ".";
+        return "A real is a number, as 0.5 or 1e3, not " + quotedInSentence(text) + ".";
     return PropertyValue(number);
 }
 
@@ -135,7 +124,8 @@ Reading readDate(std::string_view text)
 {
     const auto instant = instantFromText(text, Device::current().timeZone);
     if (!instant || !xmlFromPropertyList({ { "", *instant } }))
-        return "A date is written in ISO 8601, as 2014-01-05T10:17:42+01:00, not " + quoted(text) + ".";
+        return "A date is written in ISO 8601, as 2014-01-05T10:17:42+01:00, not " + quotedInSentence(text)
+            + ".";
     return PropertyValue(*instant);
 }
 
@@ -159,7 +149,8 @@ Reading readData(std::string_view text)
         }
     }
     if (!pending.empty())
-        return "Data is written as pairs of hexadecimal digits, as 0a ff, not " + quoted(text) + ".";
+        return "Data is written as pairs of hexadecimal digits, as 0a ff, not " + quotedInSentence(text)
+            + ".";
     return PropertyValue(std::move(bytes));
 }
 
@@ -174,7 +165,8 @@ Reading readElements(std::string_view text, std::string_view type, bool (*isType
         return *value;
     const auto example = type == "array" ? "<array><string>One</string><integer>2</integer></array>"
                                          : "<dict><key>one</key><true/></dict>";
-    return "The " + std::string(type) + " is written in XML, as " + example + ", not " + quoted(text) + ".";
+    return "The " + std::string(type) + " is written in XML, as " + example + ", not "
+        + quotedInSentence(text) + ".";
 }
 
 Reading readArray(std::string_view text)
@@ -192,6 +184,17 @@ using Reader = Reading (*)(std::string_view);
 constexpr std::array<Reader, names.size()> readers { readBoolean, readInteger, readReal, readString, readDate,
     readData, readArray, readDictionary };
 
+}
+
+std::string quotedInSentence(std::string_view text)
+{
+    constexpr std::size_t longest = 40; // Bytes; a sentence must stay one.
+    if (text.size() <= longest)
+        return '"' + std::string(text) + '"';
+    auto end = longest;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+        --end; // Not inside a character.
+    return '"' + std::string(text.substr(0, end)) + "…\"";
 }
 
 std::string_view typeName(const PropertyValue& value)
@@ -215,7 +218,7 @@ std::variant<PropertyValue, std::string> valueFromText(std::string_view name, st
         if (names.at(type) == name)
             return readers.at(type)(readers.at(type) == readString ? text : trimmed(text));
     }
-    return "There is no type " + quoted(name) + ".";
+    return "There is no type " + quotedInSentence(name) + ".";
 }
 
 }

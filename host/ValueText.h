@@ -19,6 +19,9 @@ std::span<const std::string_view> typeNames();
 /// hexadecimal digits, arrays and dictionaries as the elements of an XML property list.
 std::string textFromValue(const platform::PropertyValue&);
 
+/// A text in quotation marks, for a sentence: of a long one the beginning.
+std::string quotedInSentence(std::string_view);
+
 /// Reads such a text as a value of the type; blanks around it count in strings only. Else one sentence that
 /// says what the text should have been. Also taken: yes, no, on, off, 1 and 0 for booleans, dates in every
 /// form of Instant.h, blanks between the digits of data.
