@@ -1,5 +1,7 @@
 #include "Line.h"
 
+#include "ToolTip.h"
+
 #include <QPainter>
 
 namespace host {
@@ -19,7 +21,7 @@ void Line::setText(const QString& text)
     if (text == _text)
         return;
     _text = text;
-    setToolTip(text);
+    setToolTip(toolTipFor(text));
     setAccessibleName(text);
     update();
 }

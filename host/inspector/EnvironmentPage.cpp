@@ -29,7 +29,9 @@ namespace {
 /// Seconds; some three hundred years.
 constexpr double longestMove = 1e10;
 
-constexpr int widestTitle = 16; ///< Letters.
+// In letters.
+constexpr int widestTitle = 16;
+constexpr int fewestLetters = 8; // That are to be seen of a choice.
 
 struct Choice {
     const char* word; ///< As the environment's rule reads it.
@@ -68,7 +70,13 @@ std::string presentWord(const Phone& phone, std::string_view name)
 /// Turning the wheel over it scrolls the page, unless one has come here to choose.
 class ChoiceBox final : public QComboBox {
 public:
-    ChoiceBox() { setFocusPolicy(Qt::StrongFocus); }
+    ChoiceBox()
+    {
+        setFocusPolicy(Qt::StrongFocus);
+        // A long choice may be cut short where the page is narrow.
+        setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+        setMinimumContentsLength(fewestLetters);
+    }
 
 protected:
     void wheelEvent(QWheelEvent* event) override
@@ -85,6 +93,7 @@ QFormLayout* makeGroup(QVBoxLayout& column, const char* title)
     auto* const group = new QGroupBox(QString::fromUtf8(title));
     auto* const form = new QFormLayout(group);
     form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     column.addWidget(group);
     return form;
 }
@@ -112,11 +121,8 @@ struct EnvironmentPage::Control {
 EnvironmentPage::EnvironmentPage(Phone& phone, QWidget* parent)
     : QWidget(parent)
     , _phone(phone)
-    , _message(new QLabel(this))
+    , _message(makeMessage(this))
 {
-    _message->setObjectName(QStringLiteral("message"));
-    _message->setWordWrap(true);
-    _message->hide();
     auto* const area = new QScrollArea(this);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);

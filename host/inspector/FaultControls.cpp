@@ -2,11 +2,13 @@
 
 #include "host/Faults.h"
 #include "platform/Journal.h"
+#include "WrappingLayout.h"
 
-#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace host {
@@ -14,8 +16,6 @@ namespace host {
 using namespace platform;
 
 namespace {
-
-constexpr int buttonsARow = 2;
 
 QString textOf(std::string_view text)
 {
@@ -29,14 +29,18 @@ FaultControls::FaultControls(Teller tell, QWidget* parent)
     , _tell(std::move(tell))
     , _state(new QLabel(this))
 {
-    auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    int place = 0;
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto* const buttons = new WrappingLayout;
+    column->addLayout(buttons);
+    column->addWidget(_state);
+    int widest = 0;
     for (const auto& known : faultWords()) {
         auto* const button = new QPushButton(textOf(known.summary), this);
         button->setObjectName(textOf(known.word));
-        grid->addWidget(button, place / buttonsARow, place % buttonsARow);
-        ++place;
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        buttons->addWidget(button);
+        widest = std::max(widest, button->sizeHint().width());
         connect(button, &QPushButton::clicked, this, [this, fault = known.fault] {
             std::string sentence;
             try {
@@ -49,7 +53,8 @@ FaultControls::FaultControls(Teller tell, QWidget* parent)
         });
     }
     _state->setObjectName(QStringLiteral("faults"));
-    grid->addWidget(_state, (place + buttonsARow - 1) / buttonsARow, 0, 1, buttonsARow);
+    for (auto* const button : findChildren<QPushButton*>())
+        button->setMinimumWidth(widest); // So they stand in columns.
     // A write takes the failure that was to come.
     _listener = Journal::shared().listen([this](const JournalEntry& entry) {
         if (entry.kind == JournalEntry::Kind::Write)

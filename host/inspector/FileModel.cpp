@@ -1,6 +1,7 @@
 #include "FileModel.h"
 
 #include "host/observe/Changes.h"
+#include "host/ToolTip.h"
 #include "host/ValueText.h"
 #include "Marks.h"
 
@@ -21,16 +22,33 @@ QString qString(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// In one line of a table.
-QString lineOf(const PropertyValue& value)
+constexpr std::size_t longestLine = 1000; // Characters; more than any screen shows.
+
+/// Text in one line of a table, with something to be seen for each character.
+QString inOneLine(QString text)
 {
-    constexpr qsizetype longest = 1000; // Characters; more than any screen shows.
-    auto text = qString(textFromValue(value)).left(longest);
+    constexpr QChar returnArrow(0x21B5);
+    constexpr QChar replacement(0xFFFD);
     for (auto& character : text) {
-        if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
-            character = QChar(0x21B5); // A return's arrow.
+        if (character == QLatin1Char('\n') || character == QLatin1Char('\r')
+            || character == QChar::LineSeparator || character == QChar::ParagraphSeparator)
+            character = returnArrow;
+        else if (character.category() == QChar::Other_Control && character != QLatin1Char('\t'))
+            character = replacement;
     }
     return text;
+}
+
+QString lineOf(const PropertyValue& value)
+{
+    // Nobody waits for the rest of a long one to be written out.
+    if (const auto* const text = value.string())
+        return inOneLine(qString(std::string_view(*text).substr(0, longestLine)));
+    if (const auto* const data = std::get_if<PropertyData>(&value.storage());
+        data && data->size() > longestLine)
+        return qString(
+            textFromValue(PropertyData(data->begin(), data->begin() + std::ptrdiff_t { longestLine })));
+    return inOneLine(qString(textFromValue(value)).left(longestLine));
 }
 
 }
@@ -135,7 +153,7 @@ QString FileModel::text(const Row& row, int column) const
     const auto& shown = row.value ? row.value : row.before;
     switch (column) {
     case KeyColumn:
-        return qString(row.key);
+        return inOneLine(qString(row.key).left(longestLine));
     case TypeColumn:
         return shown ? qString(typeName(*shown)) : QString();
     case ValueColumn:
@@ -161,8 +179,9 @@ QVariant FileModel::data(const QModelIndex& index, int role) const
     const auto& row = _rows.at(static_cast<std::size_t>(index.row()));
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
         return text(row, index.column());
+    case Qt::ToolTipRole:
+        return toolTipFor(text(row, index.column()));
     case Qt::EditRole:
         return row.value ? qString(textFromValue(*row.value)) : QString();
     case Qt::BackgroundRole:

@@ -8,6 +8,7 @@
 #include "platform/Journal.h"
 #include "platform/qt/DeviceFiles.h"
 #include "ValueDelegate.h"
+#include "WrappingLayout.h"
 
 #include <QComboBox>
 #include <QDesktopServices>
@@ -50,13 +51,10 @@ FilePage::FilePage(Phone& phone, QWidget* parent)
     , _table(makeTable(_model, this))
     , _pathLine(new Line(this))
     , _state(new Line(this, Qt::ElideRight))
-    , _message(new QLabel(this))
+    , _message(makeMessage(this))
     , _opener([](const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); })
 {
     _model->setEditor([this](const auto& key, const auto& text) { return edit(key, text); });
-    _message->setObjectName(QStringLiteral("message"));
-    _message->setWordWrap(true);
-    _message->hide();
     _state->setObjectName(QStringLiteral("state"));
     _pathLine->setText(QString::fromStdString(_watch.devicePath()));
     _pathLine->setObjectName(QStringLiteral("path"));
@@ -100,7 +98,7 @@ void FilePage::followPath()
 QWidget* FilePage::makeAddition()
 {
     auto* const addition = new QWidget(this);
-    auto* const row = makeRow(addition);
+    auto* const row = new WrappingLayout(addition);
     _newKey = new QLineEdit(addition);
     _newKey->setObjectName(QStringLiteral("newKey"));
     _newKey->setPlaceholderText(QStringLiteral("New key"));
@@ -115,9 +113,9 @@ QWidget* FilePage::makeAddition()
     _newValue->setObjectName(QStringLiteral("newValue"));
     _newValue->setPlaceholderText(QStringLiteral("Value"));
     _newValue->setAccessibleName(QStringLiteral("New value"));
-    row->addWidget(_newKey, 3);
+    row->addWidget(_newKey);
     row->addWidget(_newType);
-    row->addWidget(_newValue, 4);
+    row->addWidget(_newValue);
     addButton(*row, "add", "Add", "Stores the new key", this, &FilePage::add);
     connect(_newKey, &QLineEdit::returnPressed, this, &FilePage::add);
     connect(_newValue, &QLineEdit::returnPressed, this, &FilePage::add);
@@ -127,13 +125,13 @@ QWidget* FilePage::makeAddition()
 QWidget* FilePage::makeButtons()
 {
     _buttons = new QWidget(this);
-    auto* const row = makeRow(_buttons);
+    auto* const row = new WrappingLayout(_buttons);
     _delete = addButton(
         *row, "delete", "Delete Key", "Deletes the selected key", this, &FilePage::removeSelected);
     addButton(*row, "reset", "Reset…", "Deletes the whole file", this, [this] { ask(true); });
     addButton(*row, "open", "Open in Editor", "Opens the file with your program for such files", this,
         &FilePage::openInEditor);
-    row->addStretch(1);
+    row->addStretch();
     addButton(*row, "reload", "Reload Page",
         "Lets the shown page appear again, as if one came back to it: then it reads the file", this,
         &FilePage::reloadPage);
@@ -143,9 +141,9 @@ QWidget* FilePage::makeButtons()
 QWidget* FilePage::makeQuestion()
 {
     _question = new QWidget(this);
-    auto* const row = makeRow(_question);
+    auto* const row = new WrappingLayout(_question);
     row->addWidget(new QLabel(QStringLiteral("Delete the whole file?"), _question));
-    row->addStretch(1);
+    row->addStretch();
     addButton(*row, "confirm", "Delete File", "This cannot be undone", this, &FilePage::reset);
     addButton(*row, "keep", "Keep It", "Leaves the file as it is", this, [this] { ask(false); });
     _question->hide();
@@ -178,7 +176,7 @@ bool FilePage::edit(const std::string& key, const QString& text)
     const auto& entries = _watch.state().entries;
     const auto known = entries.find(key);
     if (known == entries.end()) {
-        tell("The key \"" + key + "\" has gone meanwhile.");
+        tell("The key " + quotedInSentence(key) + " has gone meanwhile.");
         return false;
     }
     auto value = valueFromText(typeName(known->second), text.toStdString());
@@ -197,7 +195,7 @@ void FilePage::add()
     if (key.empty())
         return tell("A new key needs a name.");
     if (_watch.state().entries.contains(key))
-        return tell("There is a key \"" + key + "\" already.");
+        return tell("There is a key " + quotedInSentence(key) + " already.");
     if (std::holds_alternative<std::string>(valueFromText("string", key)))
         return tell("A key has no control characters but tabs and line ends.");
     auto value = valueFromText(_newType->currentText().toStdString(), _newValue->text().toStdString());

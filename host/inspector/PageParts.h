@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QTableView>
 
@@ -24,17 +25,22 @@ inline QTableView* makePlainTable(QAbstractItemModel* model, QWidget* parent)
     return table;
 }
 
-inline QHBoxLayout* makeRow(QWidget* owner)
+/// For a sentence that answers somebody, in as many lines as it takes; hidden until there is one.
+inline QLabel* makeMessage(QWidget* parent)
 {
-    auto* const row = new QHBoxLayout(owner);
-    row->setContentsMargins(0, 0, 0, 0);
-    return row;
+    auto* const message = new QLabel(parent);
+    message->setObjectName(QStringLiteral("message"));
+    message->setTextFormat(Qt::PlainText); // It may quote anything.
+    message->setWordWrap(true);
+    message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    message->hide();
+    return message;
 }
 
 /// At the row's end. The method is the receiver's, or a function object.
 template <typename Receiver>
 QPushButton* addButton(
-    QBoxLayout& row, const char* name, const char* title, const char* tip, Receiver* receiver, auto method)
+    QLayout& row, const char* name, const char* title, const char* tip, Receiver* receiver, auto method)
 {
     auto* const button = new QPushButton(QString::fromUtf8(title), receiver);
     button->setObjectName(QLatin1String(name));

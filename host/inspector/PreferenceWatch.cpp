@@ -34,24 +34,35 @@ PreferenceWatch::~PreferenceWatch()
 
 void PreferenceWatch::setDevicePath(std::string_view devicePath)
 {
-    if (const auto old = _watcher.files() + _watcher.directories(); !old.isEmpty())
-        _watcher.removePaths(old);
     _devicePath = reportedPath(devicePath);
     watchFiles();
     _state = PreferenceState::ofFile(_devicePath);
 }
 
+QStringList PreferenceWatch::pathsToWatch() const
+{
+    QStringList paths;
+    const auto add = [&](std::string_view name) {
+        if (const auto path = hostPath(name))
+            paths += QString::fromStdString(*path);
+    };
+    for (std::size_t slash = 0; slash != std::string::npos; slash = _devicePath.find('/', slash + 1))
+        add(std::string_view(_devicePath).substr(0, slash + 1));
+    add(_devicePath);
+    return paths;
+}
+
 void PreferenceWatch::watchFiles()
 {
-    const auto folder = _devicePath.substr(0, _devicePath.rfind('/'));
-    for (const auto& name : { folder, _devicePath }) {
-        const auto path = QString::fromStdString(hostPath(name).value_or(std::string()));
-        if (path.isEmpty())
-            continue;
-        // A file that took another's place goes by the same name but must be watched anew.
-        if (name == _devicePath)
-            _watcher.removePath(path);
-        _watcher.addPath(path);
+    // What took another's place goes by the same name but must be watched anew; what came while it was is
+    // found by looking again.
+    QStringList paths;
+    for (auto now = pathsToWatch(); now != paths; now = pathsToWatch()) {
+        paths = now;
+        if (const auto old = _watcher.files() + _watcher.directories(); !old.isEmpty())
+            _watcher.removePaths(old);
+        if (!paths.isEmpty())
+            _watcher.addPaths(paths);
     }
 }
 

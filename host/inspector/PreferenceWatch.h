@@ -28,6 +28,9 @@ public:
     void look();
 
 private:
+    /// Of the file and the folders around it, up to the device's root, those that are there: one that comes
+    /// or goes is seen only in the folder around it.
+    QStringList pathsToWatch() const;
     void watchFiles();
 
     std::string _devicePath;

@@ -1,5 +1,7 @@
 #include "TimelineModel.h"
 
+#include "host/ToolTip.h"
+
 #include <QColor>
 
 #include <algorithm>
@@ -136,6 +138,13 @@ const TimelineEntry& TimelineModel::entry(int row) const
     return numbered(_shown.at(static_cast<std::size_t>(row)));
 }
 
+int TimelineModel::rowSince(std::chrono::nanoseconds sinceStart) const
+{
+    const auto row = std::partition_point(_shown.begin(), _shown.end(),
+        [&](Number number) { return numbered(number).sinceStart < sinceStart; });
+    return static_cast<int>(row - _shown.begin());
+}
+
 int TimelineModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(_shown.size());
@@ -156,8 +165,9 @@ QVariant TimelineModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return (entry.*texts.at(static_cast<std::size_t>(index.column())))();
     case Qt::ToolTipRole:
-        return index.column() == TimeColumn ? entry.time()
-                                            : (entry.*texts.at(static_cast<std::size_t>(index.column())))();
+        return index.column() == TimeColumn
+            ? entry.time()
+            : toolTipFor((entry.*texts.at(static_cast<std::size_t>(index.column())))());
     case Qt::TextAlignmentRole:
         return index.column() == TimeColumn ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case Qt::ForegroundRole:

@@ -33,6 +33,8 @@ public:
     void setFilter(std::set<Kind> kinds, const QString& text);
 
     const TimelineEntry& entry(int row) const;
+    /// The first row that happened then or later; the number of rows when there is none.
+    int rowSince(std::chrono::nanoseconds sinceStart) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -4,11 +4,11 @@
 #include "PageParts.h"
 #include "PlainDelegate.h"
 #include "TimelineModel.h"
+#include "WrappingLayout.h"
 
 #include <QClipboard>
 #include <QFileDialog>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
@@ -65,19 +65,21 @@ TimelinePage::TimelinePage(Phone&, QWidget* parent)
     auto* const copying = new QShortcut(QKeySequence::Copy, _table);
     copying->setContext(Qt::WidgetShortcut);
     connect(copying, &QShortcut::activated, this, &TimelinePage::copy);
-    connect(_model, &QAbstractItemModel::rowsAboutToBeInserted, this, [this] {
-        const auto* const bar = _table->verticalScrollBar();
-        _isAtEnd = bar->value() == bar->maximum();
-    });
+    connect(_model, &QAbstractItemModel::rowsAboutToBeInserted, this, &TimelinePage::rememberPlace);
+    connect(_model, &QAbstractItemModel::modelAboutToBeReset, this, &TimelinePage::rememberPlace);
     connect(_model, &QAbstractItemModel::rowsInserted, this, &TimelinePage::follow);
-    connect(_model, &QAbstractItemModel::modelReset, this, &TimelinePage::follow);
+    connect(_model, &QAbstractItemModel::modelReset, this, [this] {
+        follow();
+        if (!_isAtEnd)
+            _table->scrollTo(_model->index(_model->rowSince(_firstInSight), 0), QTableView::PositionAtTop);
+    });
     tellCount();
 }
 
 QWidget* TimelinePage::makeFilter()
 {
     auto* const filters = new QWidget(this);
-    auto* const row = makeRow(filters);
+    auto* const row = new WrappingLayout(filters);
     row->setSpacing(2);
     for (const auto& kind : timelineKinds()) {
         auto* const button = new QToolButton(filters);
@@ -94,8 +96,7 @@ QWidget* TimelinePage::makeFilter()
     _text->setPlaceholderText(QStringLiteral("Filter"));
     _text->setAccessibleName(QStringLiteral("Filter"));
     _text->setClearButtonEnabled(true);
-    row->addSpacing(4);
-    row->addWidget(_text, 1);
+    row->addWidget(_text);
     connect(_text, &QLineEdit::textChanged, this, &TimelinePage::filter);
     return filters;
 }
@@ -103,12 +104,12 @@ QWidget* TimelinePage::makeFilter()
 QWidget* TimelinePage::makeButtons()
 {
     auto* const buttons = new QWidget(this);
-    auto* const row = makeRow(buttons);
+    auto* const row = new WrappingLayout(buttons);
     auto* const pause = addButton(*row, "pause", "Pause", "Records nothing while it is pressed", this,
         [this](bool isPaused) { _model->setPaused(isPaused); });
     pause->setCheckable(true);
     addButton(*row, "clear", "Clear", "Forgets what happened so far", this, [this] { _model->clear(); });
-    row->addStretch(1);
+    row->addStretch();
     addButton(*row, "copy", "Copy", "Copies the selected rows, or all that are shown (Ctrl+C)", this,
         &TimelinePage::copy);
     addButton(*row, "save", "Save…",
@@ -127,6 +128,14 @@ void TimelinePage::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
     _model->setLive(false);
+}
+
+void TimelinePage::rememberPlace()
+{
+    const auto* const bar = _table->verticalScrollBar();
+    _isAtEnd = bar->value() == bar->maximum();
+    if (const auto row = _table->rowAt(0); row >= 0)
+        _firstInSight = _model->entry(row).sinceStart;
 }
 
 void TimelinePage::follow()

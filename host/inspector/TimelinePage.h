@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include <chrono>
 #include <functional>
 
 class QLineEdit;
@@ -30,6 +31,7 @@ protected:
 private:
     QWidget* makeFilter();
     QWidget* makeButtons();
+    void rememberPlace();
     void follow();
     void filter();
     void tellCount();
@@ -44,7 +46,8 @@ private:
     QLineEdit* _text;
     Line* _message;
     Asker _asker;
-    bool _isAtEnd = true; ///< Before rows are added: the last row is in sight and stays so.
+    bool _isAtEnd = true; ///< Before the rows change: the last one is in sight and stays so.
+    std::chrono::nanoseconds _firstInSight {}; ///< Where it is not: when that happened which stays in sight.
 };
 
 }

@@ -3,7 +3,10 @@
 #include "FileModel.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
+
+#include <limits>
 
 namespace host {
 
@@ -14,6 +17,7 @@ QWidget* ValueDelegate::createEditor(
     if (type != QLatin1String("boolean")) {
         auto* const line = new QLineEdit(parent);
         line->setAccessibleName(QStringLiteral("Value"));
+        line->setMaxLength(std::numeric_limits<int>::max()); // Else it would cut a long one short.
         return line;
     }
     auto* const choice = new QComboBox(parent);
@@ -42,7 +46,20 @@ void ValueDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, con
     if (const auto* const choice = dynamic_cast<QComboBox*>(editor))
         model->setData(index, choice->currentText(), Qt::EditRole);
     else if (const auto* const line = dynamic_cast<QLineEdit*>(editor); line && line->isModified())
-        model->setData(index, line->text(), Qt::EditRole);
+        _isTaken = model->setData(index, line->text(), Qt::EditRole);
+}
+
+bool ValueDelegate::eventFilter(QObject* object, QEvent* event)
+{
+    auto* const line = qobject_cast<QLineEdit*>(object);
+    const auto key = line && event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return QStyledItemDelegate::eventFilter(object, event);
+    _isTaken = true;
+    emit commitData(line);
+    if (_isTaken)
+        emit closeEditor(line);
+    return true;
 }
 
 }

@@ -16,13 +16,13 @@ QString yesOrNo(bool isSo)
     return isSo ? QStringLiteral("yes") : QStringLiteral("no");
 }
 
-QString escaped(const std::optional<std::string>& text)
+QString textOf(const std::optional<std::string>& text)
 {
     constexpr qsizetype longest = 300; // Characters; more is told by the tool tip of the tree.
-    return text ? QString::fromStdString(*text).simplified().left(longest).toHtmlEscaped() : QString();
+    return text ? QString::fromStdString(*text).simplified().left(longest) : QString();
 }
 
-/// With a patch of it; rich text.
+/// With a patch of it, as rich text.
 QString swatch(const std::optional<CGColor>& color)
 {
     if (!color)
@@ -61,18 +61,20 @@ struct Detail {
     const char* name;
     bool isWide;
     QString (*words)(const ViewFacts&);
+    Qt::TextFormat format = Qt::PlainText; ///< Plain wherever a pane has a say in the words.
 };
 
 constexpr Detail details[] = {
-    { "Class", true, [](const ViewFacts& facts) { return escaped(facts.className); } },
-    { "Text", true, [](const ViewFacts& facts) { return escaped(facts.text); } },
+    { "Class", true, [](const ViewFacts& facts) { return textOf(facts.className); } },
+    { "Text", true, [](const ViewFacts& facts) { return textOf(facts.text); } },
     { "Frame", false, [](const ViewFacts& facts) { return rectWords(facts.frame); } },
     { "On screen", false, [](const ViewFacts& facts) { return rectWords(facts.onScreen); } },
     { "Stretches", true, [](const ViewFacts& facts) { return maskWords(facts.mask); } },
-    { "Background", false, [](const ViewFacts& facts) { return swatch(facts.background); } },
+    { "Background", false, [](const ViewFacts& facts) { return swatch(facts.background); }, Qt::RichText },
     { "Text colour", false,
-        [](const ViewFacts& facts) { return facts.textColor ? swatch(facts.textColor) : QString(); } },
-    { "Border", false, border },
+        [](const ViewFacts& facts) { return facts.textColor ? swatch(facts.textColor) : QString(); },
+        Qt::RichText },
+    { "Border", false, border, Qt::RichText },
     { "Corner radius", false, [](const ViewFacts& facts) { return numberWords(facts.cornerRadius); } },
     { "Alpha", false,
         [](const ViewFacts& facts) {
@@ -115,6 +117,8 @@ ViewDetails::ViewDetails(QWidget* parent)
         value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         value->setMinimumHeight(value->fontMetrics().height());
         value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        value->setTextFormat(detail.format);
+        value->setWordWrap(true);
         grid->addWidget(name, row, column);
         grid->addWidget(value, row, column + 1, 1, detail.isWide ? 3 : 1);
         _values.at(index) = value;

@@ -1,5 +1,6 @@
 #include "ViewTreeModel.h"
 
+#include "host/ToolTip.h"
 #include "ViewWords.h"
 
 #include <QColor>
@@ -185,8 +186,9 @@ QVariant ViewTreeModel::data(const QModelIndex& index, int role) const
     const auto& facts = this->facts(index);
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
         return words.at(static_cast<std::size_t>(index.column()))(facts);
+    case Qt::ToolTipRole:
+        return toolTipFor(words.at(static_cast<std::size_t>(index.column()))(facts));
     case Qt::DecorationRole:
         return index.column() == ColorColumn ? colorOf(facts.background) : QVariant();
     case Qt::ForegroundRole:

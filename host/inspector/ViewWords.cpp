@@ -64,7 +64,8 @@ QString contentWords(const ViewFacts& facts)
             .arg(numberWords(*facts.value), numberWords(*facts.minimum), numberWords(*facts.maximum));
     if (facts.value)
         return numberWords(*facts.value);
-    return QString::fromStdString(facts.text.value_or(std::string())).simplified();
+    constexpr std::size_t longest = 1000; // Bytes; more than any screen shows.
+    return QString::fromStdString(facts.text.value_or(std::string()).substr(0, longest)).simplified();
 }
 
 QString visibilityWords(const ViewFacts& facts)

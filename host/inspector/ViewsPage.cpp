@@ -7,6 +7,7 @@
 #include "platform/Journal.h"
 #include "ViewDetails.h"
 #include "ViewTreeModel.h"
+#include "WrappingLayout.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -28,11 +29,11 @@ ViewsPage::ViewsPage(Phone& phone, PhoneView& view, QWidget* parent)
     , _look([this] { look(); })
 {
     auto* const top = new QWidget(this);
-    auto* const row = makeRow(top);
+    auto* const row = new WrappingLayout(top);
     _pick = addButton(*row, "pick", "Pick in the Phone",
         "Then click a view in the phone to find it here; Escape ends it", this, &ViewsPage::setPicking);
     _pick->setCheckable(true);
-    row->addStretch(1);
+    row->addStretch();
     auto* const column = new QVBoxLayout(this);
     column->addWidget(top);
     column->addWidget(_tree, 1);
@@ -73,10 +74,10 @@ QTreeView* ViewsPage::makeTree()
     const auto letters = [&](int count) { return tree->fontMetrics().averageCharWidth() * count; };
     auto* const header = tree->header();
     header->resizeSection(ViewTreeModel::ClassColumn, letters(24));
-    header->resizeSection(ViewTreeModel::FrameColumn, letters(17));
+    header->resizeSection(ViewTreeModel::FrameColumn, letters(15));
     header->resizeSection(ViewTreeModel::ContentColumn, letters(12));
-    header->resizeSection(ViewTreeModel::ColorColumn, letters(12));
-    header->resizeSection(ViewTreeModel::AlphaColumn, letters(6));
+    header->resizeSection(ViewTreeModel::ColorColumn, letters(10));
+    header->resizeSection(ViewTreeModel::AlphaColumn, letters(5));
     return tree;
 }
 

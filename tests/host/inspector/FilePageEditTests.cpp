@@ -17,10 +17,7 @@ TEST_F(InspectorFilePage, StoresWhatIsTypedAndTellsTheAddOn)
 
 TEST_F(InspectorFilePage, IsEditedInPlaceByTheKeyboard)
 {
-    table->setFocus();
-    table->setCurrentIndex(cell("minutes", FileModel::ValueColumn));
-    QTest::keyClick(table, Qt::Key_F2);
-    auto* const line = table->viewport()->findChild<QLineEdit*>();
+    auto* const line = editByKeys("minutes");
     ASSERT_TRUE(line);
     line->selectAll();
     QTest::keyClicks(line, "120");
@@ -149,4 +146,35 @@ TEST_F(InspectorFilePage, SaysWhenTheFileCannotBeWritten)
     add("new", "boolean", "true");
     EXPECT_EQ(message(), "");
     EXPECT_EQ(stored().size(), 4u);
+}
+
+TEST_F(InspectorFilePage, KeepsATextThatIsNoValueToBePutRight)
+{
+    auto* const line = editByKeys("minutes");
+    ASSERT_TRUE(line);
+    line->selectAll();
+    QTest::keyClicks(line, "6o");
+    QTest::keyClick(line, Qt::Key_Return);
+    EXPECT_EQ(message(), "An integer is a whole number, as 60 or -1, not \"6o\".");
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(line->isVisible());
+    EXPECT_EQ(line->text(), "6o");
+    QTest::keyClick(line, Qt::Key_Backspace);
+    QTest::keyClicks(line, "1");
+    QTest::keyClick(line, Qt::Key_Return);
+    EXPECT_EQ(stored().at("minutes"), PropertyValue(61));
+    EXPECT_EQ(message(), "");
+    EXPECT_FALSE(line->isVisible());
+}
+
+TEST_F(InspectorFilePage, EditsALongTextWithoutLosingItsEnd)
+{
+    const QString text(40000, 'x');
+    EXPECT_TRUE(edit("buttonColor", text));
+    auto* const line = editByKeys("buttonColor");
+    ASSERT_TRUE(line);
+    QTest::keyClick(line, Qt::Key_End);
+    QTest::keyClicks(line, "y");
+    QTest::keyClick(line, Qt::Key_Return);
+    EXPECT_EQ(stored().at("buttonColor"), PropertyValue((text + 'y').toStdString()));
 }

@@ -3,6 +3,10 @@
 #include "platform/Journal.h"
 #include "platform/NSMutableDictionary.h"
 
+#include <QTextDocument>
+#include <QTextDocumentFragment>
+#include <QtTest/QTest>
+
 using namespace platform;
 using host::FileModel;
 
@@ -59,6 +63,21 @@ QString InspectorFilePage::change(const QString& key) const
 bool InspectorFilePage::edit(const QString& key, const QString& text)
 {
     return table->model()->setData(cell(key, FileModel::ValueColumn), text);
+}
+
+QLineEdit* InspectorFilePage::editByKeys(const QString& key)
+{
+    table->setFocus();
+    table->setCurrentIndex(cell(key, FileModel::ValueColumn));
+    QTest::keyClick(table, Qt::Key_F2);
+    return table->viewport()->findChild<QLineEdit*>();
+}
+
+QString InspectorFilePage::shownTip(const QString& key) const
+{
+    const auto tip = cell(key, FileModel::ValueColumn).data(Qt::ToolTipRole).toString();
+    auto text = Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip;
+    return text.remove(QChar(0x200B)).remove(QChar(0x2026)); // Where a line may end, and the ellipsis.
 }
 
 QStringList InspectorFilePage::rows() const

@@ -31,6 +31,10 @@ protected:
     QString value(const QString& key) const;
     QString change(const QString& key) const;
     bool edit(const QString& key, const QString& text);
+    /// Opens the line to type the value into, as its keys do.
+    QLineEdit* editByKeys(const QString& key);
+    /// What somebody reads in the value's tool tip, as far as it goes.
+    QString shownTip(const QString& key) const;
     /// Of the whole table, as "key type value".
     QStringList rows() const;
 
@@ -40,7 +44,7 @@ protected:
     }
     void press(const char* button) { child<QPushButton>(button)->click(); }
     QString message() const;
-    QString state() const { return child<QWidget>("state")->toolTip(); }
+    QString state() const { return child<QWidget>("state")->accessibleName(); }
     void add(const QString& key, const QString& type, const QString& text);
     void tap(platform::CGPoint);
 

@@ -147,11 +147,59 @@ TEST_F(InspectorFilePage, FollowsTheBundleToAnotherFile)
     tap(enabledSwitch);
     EXPECT_EQ(rows(), QStringList { "a integer 1" });
     EXPECT_EQ(change("a"), "");
-    EXPECT_TRUE(child<QWidget>("path")->toolTip().endsWith("/org.example.other.plist"));
+    EXPECT_TRUE(child<QWidget>("path")->accessibleName().endsWith("/org.example.other.plist"));
     posted.clear();
     edit("a", "2");
     EXPECT_EQ(posted, (std::vector<std::string> { "org.example.other/preferences" }));
     writeTestFile(other, "<plist version=\"1.0\"><dict><key>b</key><true/></dict></plist>");
     EXPECT_TRUE(waitUntil([&] { return value("b") == "true"; }));
     host::setPreferenceDomain("");
+}
+
+TEST_F(InspectorFilePage, FollowsFoldersThatGoAndComeBack)
+{
+    const auto folder = preferences().parent_path();
+    for (const auto& moved : { folder, root() / "private" }) {
+        std::filesystem::rename(moved, root() / "away");
+        ASSERT_TRUE(
+            waitUntil([&] { return state() == "There is no file; the pane takes it for an empty one."; }));
+        std::filesystem::create_directories(folder);
+        writePreferences("<key>anew</key><integer>1</integer>");
+        ASSERT_TRUE(waitUntil([&] { return value("anew") == "1"; })) << moved;
+        std::filesystem::remove_all(moved);
+        std::filesystem::rename(root() / "away", moved);
+        ASSERT_TRUE(waitUntil([&] { return value("anew").isEmpty() || change("anew") == "removed"; }))
+            << moved;
+    }
+    writePreferences("<key>last</key><true/>");
+    EXPECT_TRUE(waitUntil([&] { return value("last") == "true"; }));
+}
+
+TEST_F(InspectorFilePage, ShowsMarkedUpTextsAsTheyStand)
+{
+    const QString text = "<b>bold</b> &amp; <img src=x>";
+    EXPECT_TRUE(edit("buttonColor", text));
+    EXPECT_EQ(value("buttonColor"), text);
+    EXPECT_EQ(shownTip("buttonColor"), text);
+    EXPECT_FALSE(edit("minutes", "<b>x</b>"));
+    EXPECT_EQ(message(), "An integer is a whole number, as 60 or -1, not \"<b>x</b>\".");
+    EXPECT_EQ(child<QLabel>("message")->textFormat(), Qt::PlainText);
+}
+
+TEST_F(InspectorFilePage, TellsTheBeginningOfALongValueInSeveralLines)
+{
+    const QString text(5000, 'x');
+    EXPECT_TRUE(edit("buttonColor", text));
+    EXPECT_EQ(shownTip("buttonColor"), text.left(1000));
+    QLabel tip(cell("buttonColor", FileModel::ValueColumn).data(Qt::ToolTipRole).toString());
+    tip.setWordWrap(true); // As tool tips of rich text are shown.
+    EXPECT_LT(tip.sizeHint().width(), 1000);
+}
+
+TEST(InspectorFileModel, HasSomethingToBeSeenForEachCharacter)
+{
+    const FileModel model({ { "a\x02", PropertyValue("one\ntwo\x1b\u2028three\tfour") } });
+    EXPECT_EQ(model.index(0, FileModel::KeyColumn).data().toString(), "a\uFFFD");
+    EXPECT_EQ(
+        model.index(0, FileModel::ValueColumn).data().toString(), "one\u21B5two\uFFFD\u21B5three\tfour");
 }

@@ -4,8 +4,11 @@
 #include "platform/Device.h"
 #include "WindowTest.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QToolButton>
 #include <QtTest/QTest>
@@ -214,4 +217,27 @@ TEST_F(InspectorPanel, StaysOnTheScreen)
     EXPECT_EQ(screen(), usual);
     EXPECT_EQ(window().width(), available.width());
     EXPECT_EQ(window().x(), available.left());
+}
+
+TEST_F(InspectorPanel, ShowsEveryButtonWholeHoweverNarrowItIs)
+{
+    for (const auto* const name : { "file", "timeline", "views", "environment" }) {
+        auto* const page = openPage<QWidget>(name);
+        window().resize(window().phoneView().width() + host::Inspector::smallestWidth, window().height());
+        QCoreApplication::processEvents();
+        ASSERT_LT(page->width(), 340) << name;
+        const auto buttons = page->findChildren<QAbstractButton*>();
+        EXPECT_FALSE(buttons.isEmpty()) << name;
+        for (const auto* const button : buttons) {
+            if (!button->isVisible() || button->text().isEmpty())
+                continue;
+            EXPECT_GE(button->width(), button->minimumSizeHint().width())
+                << name << ": " << button->text().toStdString();
+            const QRect place(button->mapTo(page, QPoint()), button->size());
+            EXPECT_TRUE(place.left() >= 0 && place.right() < page->width())
+                << name << ": " << button->text().toStdString();
+        }
+        for (const auto* const area : page->findChildren<QScrollArea*>())
+            EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << name;
+    }
 }

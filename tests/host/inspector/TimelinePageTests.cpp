@@ -31,7 +31,7 @@ protected:
     void press(const char* name) { page->findChild<QPushButton*>(QString::fromLatin1(name))->click(); }
     void toggleKind(const char* word) { page->findChild<QToolButton*>(QString::fromLatin1(word))->click(); }
     void type(const QString& text) { page->findChild<QLineEdit*>()->setText(text); }
-    QString message() const { return page->findChild<QWidget*>("message")->toolTip(); }
+    QString message() const { return page->findChild<QWidget*>("message")->accessibleName(); }
     QStringList kinds() const { return column(*model, TimelineModel::KindColumn); }
     QStringList names() const { return column(*model); }
     void click(QPoint point)
@@ -197,6 +197,22 @@ TEST_F(InspectorTimelinePage, KeepsTheLastEntryInSightUnlessOneScrolledAway)
     post("name");
     ASSERT_TRUE(waitUntil([&] { return model->rowCount() == 201; }));
     EXPECT_FALSE(lastIsInSight());
+}
+
+TEST_F(InspectorTimelinePage, KeepsWhatOneLooksAtInSightWhenTheFilterChanges)
+{
+    for (int index = 0; index < 200; ++index) {
+        post("even " + std::to_string(2 * index));
+        post("odd " + std::to_string(2 * index + 1));
+    }
+    ASSERT_TRUE(waitUntil([&] { return model->rowCount() == 400; }));
+    table->scrollTo(model->index(100, 0), QTableView::PositionAtTop);
+    const auto firstInSight = [&] { return names().value(table->rowAt(0)); };
+    ASSERT_EQ(firstInSight(), "even 100");
+    page->findChild<QLineEdit*>("text")->setText("odd");
+    EXPECT_EQ(firstInSight(), "odd 101");
+    page->findChild<QLineEdit*>("text")->clear();
+    EXPECT_EQ(firstInSight(), "odd 101");
 }
 
 TEST_F(InspectorTimelinePage, RecordsWhileAnotherPageIsShown)

@@ -1,5 +1,6 @@
 #include "host/inspector/ViewsPage.h"
 
+#include "host/driver/ViewSearch.h"
 #include "host/inspector/Inspector.h"
 #include "host/inspector/ViewTreeModel.h"
 #include "host/inspector/ViewWords.h"
@@ -218,6 +219,22 @@ TEST_F(InspectorViewsPage, DescribesTheSelectedView)
     EXPECT_EQ(detail("Text"), "");
     QTest::mouseClick(&view(), Qt::LeftButton, {}, { 334, 121 });
     EXPECT_TRUE(waitUntil([&] { return detail("Value") == "on"; }));
+}
+
+TEST_F(InspectorViewsPage, ShowsMarkedUpTextsAsTheyStand)
+{
+    const auto index = find("Vekora Now", ViewTreeModel::ContentColumn);
+    tree->setCurrentIndex(index);
+    const std::string text = "say \"hi\" & <b>go</b>";
+    auto* const label = dynamic_cast<UILabel*>(host::viewsShowing(phone().window(), "Vekora Now").front());
+    ASSERT_TRUE(label);
+    label->setText(text);
+    EXPECT_TRUE(waitUntil([&] { return detail("Text") == QString::fromStdString(text); }))
+        << detail("Text").toStdString();
+    EXPECT_EQ(page->findChild<QLabel*>("Text")->textFormat(), Qt::PlainText);
+    EXPECT_EQ(find(QString::fromStdString(text), ViewTreeModel::ContentColumn).row(), index.row());
+    const auto tip = tree->currentIndex().siblingAtColumn(ViewTreeModel::ContentColumn).data(Qt::ToolTipRole);
+    EXPECT_TRUE(tip.toString().contains("&lt;b&gt;")) << tip.toString().toStdString();
 }
 
 TEST_F(InspectorViewsPage, HighlightsTheSelectedViewAboveThePicture)

@@ -52,7 +52,7 @@ protected:
     }
     std::string path() const
     {
-        return filePage->findChild<QWidget*>(QStringLiteral("path"))->toolTip().toStdString();
+        return filePage->findChild<QWidget*>(QStringLiteral("path"))->accessibleName().toStdString();
     }
     /// What the table shows of the file that the domain's name is in.
     std::string whose() const
