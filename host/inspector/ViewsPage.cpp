@@ -78,6 +78,7 @@ QTreeView* ViewsPage::makeTree()
     header->resizeSection(ViewTreeModel::ContentColumn, letters(12));
     header->resizeSection(ViewTreeModel::ColorColumn, letters(10));
     header->resizeSection(ViewTreeModel::AlphaColumn, letters(5));
+    header->resizeSection(ViewTreeModel::MaskColumn, letters(5)); // At least: it has the room that is left.
     return tree;
 }
 

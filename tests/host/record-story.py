@@ -3,10 +3,12 @@
 comes to the same preference file, the same views and the same picture, to the bit. Nothing waits for time to pass: each
 step is over when the recording tells of it. Usage: record-story.py PROGRAM"""
 
+import glob
 import hashlib
 import json
 import os
 import re
+import shlex
 import subprocess
 import sys
 import time
@@ -31,8 +33,8 @@ def story(program, scratch, environment):
     options = ["--locale", "en_US", "--timezone", "UTC", "--scale", "1", "--now", "2014-01-05T10:17:42.6Z",
                "--size", "375x500"]
     recording = os.path.join(scratch, "recording.txt")
-    roots = [os.path.join(scratch, name) for name in ("recorded", "replayed")]
-    window = start(program, "--root", roots[0], "--record", recording, *options, env=environment)
+    root = os.path.join(scratch, "recorded")
+    window = start(program, "--root", root, "--record", recording, *options, env=environment)
 
     def x(*words):
         return subprocess.run(["xdotool", *words], env=environment, check=True, capture_output=True, text=True).stdout
@@ -94,18 +96,22 @@ def story(program, scratch, environment):
     finally:
         window.kill()
 
-    replay = subprocess.run([program, "drive", "--root", roots[1], *options, recording], env=environment,
+    with open(recording, encoding="utf-8") as file:
+        whole = file.read()
+    # As the recording says, word for word: it makes a root of its own.
+    command = whole.splitlines()[1].removeprefix("# ./run")
+    replays = os.path.join(scratch, "replays")
+    os.mkdir(replays)
+    replay = subprocess.run(shlex.quote(program) + command, shell=True, env=dict(environment, TMPDIR=replays),
                             capture_output=True, text=True)
     if replay.returncode != 0:
         sys.exit(f"The replay failed: {replay.stdout[-500:]}{replay.stderr}")
     came_to = json.loads(replay.stdout.splitlines()[-1])
-    with open(recording, encoding="utf-8") as file:
-        whole = file.read()
     for part in ("prefs", "tree", "picture"):
         if not came_to[part] or came_to[part] not in whole:
             sys.exit(f"The replay came to another {part} than the window:\n{whole}{replay.stdout}")
-    files = [digest_of(os.path.join(root, PREFERENCES)) for root in roots]
-    if files[0] != files[1]:
+    files = [os.path.join(root, PREFERENCES), *glob.glob(os.path.join(replays, "*", PREFERENCES))]
+    if len(files) != 2 or digest_of(files[0]) != digest_of(files[1]):
         sys.exit("The preference files differ.")
 
 

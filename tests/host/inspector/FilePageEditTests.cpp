@@ -1,5 +1,7 @@
 #include "FilePageTest.h"
 
+#include "host/record/Recorder.h"
+
 #include <QtTest/QTest>
 
 using namespace platform;
@@ -177,4 +179,25 @@ TEST_F(InspectorFilePage, EditsALongTextWithoutLosingItsEnd)
     QTest::keyClicks(line, "y");
     QTest::keyClick(line, Qt::Key_Return);
     EXPECT_EQ(stored().at("buttonColor"), PropertyValue((text + 'y').toStdString()));
+}
+
+TEST_F(InspectorFilePage, IsRecordedAsCommands)
+{
+    const auto script = preferences().parent_path().string() + ".txt";
+    host::RecordFile file(script, "");
+    host::Recorder recorder(phone(), file);
+    auto* const line = editByKeys("minutes");
+    ASSERT_TRUE(line);
+    line->selectAll();
+    QTest::keyClicks(line, "90");
+    QTest::keyClick(line, Qt::Key_Return);
+    add("new", "boolean", "yes");
+    table->setCurrentIndex(cell("new", FileModel::KeyColumn));
+    press("delete");
+    press("reset");
+    press("confirm");
+    press("reload");
+    EXPECT_EQ(readTestFile(script),
+        "store \"minutes\" integer \"90\"\nstore \"new\" boolean \"true\"\nremove "
+        "\"new\"\nreset\nreappear\n");
 }

@@ -11,6 +11,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeView>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -173,6 +174,14 @@ TEST_F(InspectorViewsPage, ShowsEveryViewOfThePhone)
     EXPECT_EQ(find("width, height", ViewTreeModel::MaskColumn).isValid(), true);
     EXPECT_EQ(find("hidden", ViewTreeModel::AlphaColumn).data(Qt::ForegroundRole).value<QColor>(),
         QColor(Qt::gray));
+}
+
+TEST_F(InspectorViewsPage, HasRoomForEveryColumnAtTheUsualWidth)
+{
+    window().resize(window().width() + host::Inspector::usualWidth - window().inspector()->width(), 700);
+    ASSERT_TRUE(waitUntil([&] { return window().inspector()->width() == host::Inspector::usualWidth; }));
+    EXPECT_EQ(tree->horizontalScrollBar()->maximum(), 0);
+    EXPECT_GE(tree->columnWidth(ViewTreeModel::MaskColumn), tree->fontMetrics().horizontalAdvance("nothing"));
 }
 
 TEST_F(InspectorViewsPage, FollowsThePhone)
