@@ -11,8 +11,9 @@ using platform::Bitmap;
 
 namespace {
 
-constexpr int compression = 1; // The quickest; pages are flat enough for it.
-constexpr std::size_t mostColors = 256;
+constexpr int compression = 6; // Beyond it pictures become slow rather than small.
+constexpr std::size_t longestPalette = 256;
+constexpr std::size_t mostFlatColors = 2048; // Of texts and their edges; gradients have more.
 
 constexpr std::array<quint32, 256> crcTable()
 {
@@ -53,13 +54,13 @@ void appendChunk(QByteArray& png, const char* name, const char* data, qsizetype 
 /// The colours of a picture, numbered as they first come.
 class Palette {
 public:
-    /// The colour's number; nothing of use once there are too many.
+    /// The colour's number; nothing of use once there are more than `mostFlatColors`.
     std::size_t numberOf(quint32 color)
     {
         // Neighbours are mostly alike.
         if (color == _last && !_colors.empty())
             return _lastNumber;
-        if (_colors.size() > mostColors)
+        if (_colors.size() > mostFlatColors)
             return 0;
         std::size_t slot = (color * 0x9E3779B1U) >> (32 - slotBits);
         while (_slots[slot] && _colors[_slots[slot] - 1U] != color)
@@ -75,73 +76,100 @@ public:
     const std::vector<quint32>& colors() const { return _colors; }
 
 private:
-    static constexpr int slotBits = 11;
+    static constexpr int slotBits = 13;
     std::array<quint16, std::size_t { 1 } << slotBits> _slots {}; ///< Numbers from 1; 0 for none.
     std::vector<quint32> _colors;
     quint32 _last = 0;
     std::size_t _lastNumber = 0;
 };
 
-/// Rows of numbers, each with its filter before it; empty when there are too many colours.
-QByteArray numbered(const Bitmap& picture, Palette& palette)
+const quint32* rowOf(const Bitmap& picture, int y)
 {
-    const auto width = static_cast<std::size_t>(picture.width);
-    QByteArray rows(static_cast<qsizetype>(width + 1) * picture.height, '\0');
+    return reinterpret_cast<const quint32*>(picture.row(y));
+}
+
+bool isAsAbove(const Bitmap& picture, int y)
+{
+    return y > 0
+        && std::memcmp(rowOf(picture, y - 1), rowOf(picture, y),
+               static_cast<std::size_t>(picture.width) * sizeof(quint32))
+        == 0;
+}
+
+/// All colours; of a picture with more than `mostFlatColors` the first of them.
+Palette paletteOf(const Bitmap& picture)
+{
+    Palette palette;
+    for (int y = 0; y < picture.height && palette.colors().size() <= mostFlatColors; ++y) {
+        const auto* const row = rowOf(picture, y);
+        for (int x = 0, width = isAsAbove(picture, y) ? 0 : picture.width; x < width; ++x)
+            palette.numberOf(row[x]);
+    }
+    return palette;
+}
+
+enum Filter : char { None = 0, AsOnTheLeft = 1, AsAbove = 2 };
+
+/// Rows of `size` bytes a pixel, each with its filter before it: what `take` makes of each row, or zeros
+/// below another one that is the same.
+template <typename Take>
+QByteArray filteredRows(const Bitmap& picture, std::size_t size, Filter filter, const Take& take)
+{
+    const auto length = static_cast<std::size_t>(picture.width) * size + 1;
+    QByteArray rows(static_cast<qsizetype>(length) * picture.height, '\0');
     auto* to = rows.data();
-    const quint32* above = nullptr;
-    for (int y = 0; y < picture.height; ++y, to += width + 1) {
-        const auto* from
-            = reinterpret_cast<const quint32*>(picture.pixels.get()) + static_cast<std::size_t>(y) * width;
-        if (above && std::memcmp(above, from, width * sizeof *from) == 0) {
-            to[0] = 2; // As above: all zeros.
-            continue;
-        }
-        for (std::size_t x = 0; x < width; ++x)
-            to[x + 1] = static_cast<char>(palette.numberOf(from[x]));
-        if (palette.colors().size() > mostColors)
-            return {};
-        above = from;
+    for (int y = 0; y < picture.height; ++y, to += length) {
+        const bool repeats = isAsAbove(picture, y);
+        to[0] = repeats ? AsAbove : filter;
+        if (!repeats)
+            take(rowOf(picture, y), to + 1);
     }
     return rows;
 }
 
-/// Rows of red, green and blue, as differences to the pixel on the left, which suits gradients.
-QByteArray trueColors(const Bitmap& picture)
+QByteArray numbers(const Bitmap& picture, Palette& palette)
 {
-    const auto width = static_cast<std::size_t>(picture.width);
-    QByteArray rows(static_cast<qsizetype>(width * 3 + 1) * picture.height, '\0');
-    auto* to = rows.data();
-    const quint32* above = nullptr;
-    for (int y = 0; y < picture.height; ++y, to += width * 3 + 1) {
-        const auto* from
-            = reinterpret_cast<const quint32*>(picture.pixels.get()) + static_cast<std::size_t>(y) * width;
-        if (above && std::memcmp(above, from, width * sizeof *from) == 0) {
-            to[0] = 2;
-            continue;
-        }
-        to[0] = 1;
-        quint32 left = 0;
-        for (std::size_t x = 0; x < width; ++x) {
-            const auto color = from[x];
-            to[x * 3 + 1] = static_cast<char>((color >> 16) - (left >> 16));
-            to[x * 3 + 2] = static_cast<char>((color >> 8) - (left >> 8));
-            to[x * 3 + 3] = static_cast<char>(color - left);
-            left = color;
-        }
-        above = from;
-    }
-    return rows;
+    return filteredRows(picture, 1, None, [&](const quint32* from, char* to) {
+        for (int x = 0; x < picture.width; ++x)
+            to[x] = static_cast<char>(palette.numberOf(from[x]));
+    });
+}
+
+void writeColor(quint32 color, quint32 left, char* to)
+{
+    to[0] = static_cast<char>((color >> 16) - (left >> 16));
+    to[1] = static_cast<char>((color >> 8) - (left >> 8));
+    to[2] = static_cast<char>(color - left);
+}
+
+/// Texts repeat, so that they are best left as they are.
+QByteArray flatColors(const Bitmap& picture)
+{
+    return filteredRows(picture, 3, None, [&](const quint32* from, char* to) {
+        for (int x = 0; x < picture.width; ++x)
+            writeColor(from[x], 0, to + static_cast<std::ptrdiff_t>(3) * x);
+    });
+}
+
+/// What gradients have in common is how they go on.
+QByteArray differences(const Bitmap& picture)
+{
+    return filteredRows(picture, 3, AsOnTheLeft, [&](const quint32* from, char* to) {
+        for (int x = 0; x < picture.width; ++x)
+            writeColor(from[x], x > 0 ? from[x - 1] : 0, to + static_cast<std::ptrdiff_t>(3) * x);
+    });
 }
 
 }
 
 QByteArray indexedPng(const Bitmap& picture)
 {
-    Palette palette;
-    auto rows = numbered(picture, palette);
-    const bool isIndexed = !rows.isEmpty();
-    if (!isIndexed)
-        rows = trueColors(picture);
+    auto palette = paletteOf(picture);
+    const auto colors = palette.colors().size();
+    const bool isIndexed = colors <= longestPalette;
+    const auto rows = isIndexed    ? numbers(picture, palette)
+        : colors <= mostFlatColors ? flatColors(picture)
+                                   : differences(picture);
 
     QByteArray png("\x89PNG\r\n\x1A\n", 8);
     QByteArray header;
@@ -152,13 +180,10 @@ QByteArray indexedPng(const Bitmap& picture)
     header.append(3, '\0');
     appendChunk(png, "IHDR", header.constData(), header.size());
     if (isIndexed) {
-        QByteArray colors;
-        for (const auto color : palette.colors()) {
-            colors.append(static_cast<char>(color >> 16));
-            colors.append(static_cast<char>(color >> 8));
-            colors.append(static_cast<char>(color));
-        }
-        appendChunk(png, "PLTE", colors.constData(), colors.size());
+        QByteArray entries(static_cast<qsizetype>(3 * colors), '\0');
+        for (std::size_t index = 0; index < colors; ++index)
+            writeColor(palette.colors()[index], 0, entries.data() + 3 * index);
+        appendChunk(png, "PLTE", entries.constData(), entries.size());
     }
     // Qt puts the length before what is a stream of PNG's own kind.
     const auto packed = qCompress(rows, compression);

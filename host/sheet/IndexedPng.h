@@ -6,8 +6,8 @@
 
 namespace host {
 
-/// The picture, which is opaque, as a PNG: with a palette as long as its colours fit into one, which is what
-/// most pages do, and made quickly rather than small. The same pixels give the same bytes.
+/// The picture, which is opaque, as a PNG, in the form that suits it: with a palette where its colours fit
+/// into one, and otherwise for texts or for gradients. The same pixels give the same bytes.
 QByteArray indexedPng(const platform::Bitmap&);
 
 }
