@@ -10,8 +10,8 @@ const char* const sheetHead = R"(<!DOCTYPE html>
 <style>
 * { box-sizing: border-box; }
 body { margin: 0; font: 14px/1.4 Inter, system-ui, sans-serif; color: #1c1c1e; background: #f2f2f7; }
-header { position: sticky; top: 0; z-index: 3; display: flex; flex-wrap: wrap; gap: 8px 16px; align-items: center;
-  height: 52px; overflow: hidden; padding: 8px 16px; background: #fff; border-bottom: 1px solid #c8c7cc; }
+header { position: sticky; top: 0; left: 0; z-index: 3; display: flex; gap: 16px; align-items: center;
+  height: 52px; overflow-x: auto; white-space: nowrap; padding: 8px 16px; background: #fff; border-bottom: 1px solid #c8c7cc; }
 header h1 { margin: 0; font-size: 17px; }
 header label { color: #6d6d72; }
 header select { font: inherit; margin-left: 4px; max-width: 200px; }
@@ -35,9 +35,9 @@ td { vertical-align: top; }
 .change .thumb { width: 220px; }
 figcaption { color: #6d6d72; padding-bottom: 4px; }
 .where { padding: 10px 16px 0; }
-#full { position: fixed; inset: 0; z-index: 9; display: none; overflow: auto; padding: 48px 16px 16px;
-  background: #000c; text-align: center; cursor: zoom-out; }
-#full.open { display: block; }
+.none { padding: 16px; color: #6d6d72; }
+#full { width: 100%; height: 100%; max-width: none; max-height: none; margin: 0; border: 0; overflow: auto;
+  padding: 48px 16px 16px; background: #000c; text-align: center; cursor: zoom-out; }
 #full p { position: fixed; top: 0; left: 0; right: 0; margin: 0; padding: 12px; color: #fff; background: #000a; }
 #full img { box-shadow: 0 2px 12px #000; }
 </style>
@@ -45,7 +45,7 @@ figcaption { color: #6d6d72; padding-bottom: 4px; }
 <body>
 <header><h1>TITLE</h1><span id="filters"></span><span id="count"></span></header>
 <main></main>
-<div id="full" role="dialog" aria-label="Picture"><p></p><img alt=""></div>
+<dialog id="full" aria-label="Picture"><p></p><img alt=""></dialog>
 <noscript>The pictures are shown by a script that is part of this page.</noscript>
 )";
 
@@ -57,6 +57,8 @@ const fields = ["state", "page", "title", "phone", "scale", "locale", "id", "wid
 const entryOf = list => Object.fromEntries(fields.map((name, index) => [name, list[index]]));
 const entries = sheet.entries.map(entryOf);
 const comparison = sheet.comparison;
+const keyOf = entry => [entry.state, entry.page, entry.phone, entry.scale, entry.locale].join("\n");
+const changedKeys = new Set(comparison ? comparison.changed.map(change => keyOf(entryOf(change[1]))) : []);
 const main = document.querySelector("main");
 const full = document.getElementById("full");
 
@@ -75,7 +77,8 @@ const viewer = new IntersectionObserver(seen => {
 }, { rootMargin: "600px" });
 
 function describe(entry) {
-  return `${entry.state}, ${entry.page}. ${entry.title}: ${entry.phone} at ${entry.scale}x, ${entry.locale}`;
+  return `${entry.state}, ${entry.page}. ${entry.title}: ${entry.phone} at ${entry.scale}x, ${entry.locale}`
+    + (changedKeys.has(keyOf(entry)) ? ", changed" : "");
 }
 
 let shown = [], place = 0;
@@ -83,16 +86,14 @@ function openFull(list, index) {
   shown = list;
   place = (index + list.length) % list.length;
   const { id, entry, note } = shown[place];
-  full.querySelector("p").textContent = (note ? note + ": " : "") + describe(entry);
   const image = full.querySelector("img");
+  image.alt = full.querySelector("p").textContent = (note ? note + ": " : "") + describe(entry);
   image.src = "data:image/png;base64," + pictures[id];
   image.style.width = entry.width / entry.scale + "px";
-  full.classList.add("open");
+  if (!full.open) full.showModal();
 }
-full.onclick = () => full.classList.remove("open");
-addEventListener("keydown", event => {
-  if (!full.classList.contains("open")) return;
-  if (event.key === "Escape") full.classList.remove("open");
+full.onclick = () => full.close();
+full.addEventListener("keydown", event => {
   if (event.key === "ArrowRight") openFull(shown, place + 1);
   if (event.key === "ArrowLeft") openFull(shown, place - 1);
 });
@@ -119,9 +120,6 @@ const filters = ["state", "phone", "scale", "locale"].map(name => {
 });
 const isWanted = entry => filters.every(({ name, select }) => !select.value || String(entry[name]) === select.value);
 
-const keyOf = entry => [entry.state, entry.page, entry.phone, entry.scale, entry.locale].join("\n");
-const changedKeys = new Set(comparison ? comparison.changed.map(change => keyOf(entryOf(change[1]))) : []);
-
 function showComparison() {
   const section = element("section", {}, element("h2", {}, "Compared with the earlier sheet ",
     element("small", {}, comparison.summary)));
@@ -146,8 +144,10 @@ function showComparison() {
   for (const [note, kind] of [["New", "added"], ["Gone", "gone"]]) {
     const wanted = comparison[kind].map(entryOf).filter(isWanted);
     if (!wanted.length) continue;
-    section.append(element("div", { className: "where" }, `${note}: ${wanted.length}`));
-    section.append(element("div", { className: "change" }, ...wanted.slice(0, 60).map(entry =>
+    const most = 60;
+    section.append(element("div", { className: "where" }, `${note}: ${wanted.length}`
+      + (wanted.length > most ? `, of which these are the first ${most}` : "")));
+    section.append(element("div", { className: "change" }, ...wanted.slice(0, most).map(entry =>
       element("figure", {}, element("figcaption", {}, describe(entry)), thumb(list, { id: entry.id, entry, note })))));
   }
   main.append(section);
@@ -168,6 +168,8 @@ function show() {
     if (!rows.has(row)) rows.set(row, new Map());
     rows.get(row).set(entry.locale, entry);
   }
+  if (!wanted.length)
+    main.append(element("p", { className: "none" }, "No picture is like that."));
   const list = [];
   for (const { first, rows } of groups.values()) {
     const body = element("tbody");

@@ -70,7 +70,7 @@ private:
     /// Nothing makes a picture of it small.
     void addNoise()
     {
-        constexpr CGFloat side = 4;
+        constexpr CGFloat side = 6;
         std::minstd_rand random;
         std::uniform_real_distribution<CGFloat> component(0, 1);
         for (CGFloat y = 0; y < contentSize().height; y += side) {
