@@ -71,6 +71,12 @@ InstallationSources InstallationSources::ofThisBuild()
     };
 }
 
+std::string nameOfInstalled(const fs::path& folder)
+{
+    const auto plain = folder.lexically_normal();
+    return (plain.has_filename() ? plain : plain.parent_path()).stem().string() + ".bundle";
+}
+
 Installation::Installation(const fs::path& root)
 {
     std::error_code error;
@@ -96,7 +102,7 @@ std::string Installation::installPane(const InstallationSources& sources) const
 std::string Installation::installBundle(const fs::path& folder) const
 {
     const auto source = existingFolder(folder);
-    const auto place = fs::path("Library/PreferenceBundles") / (source.stem().string() + ".bundle");
+    const auto place = fs::path("Library/PreferenceBundles") / nameOfInstalled(source);
     makeFolder(_root, place);
     if (fs::equivalent(source, _root / place))
         return "/" + place.string();

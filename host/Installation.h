@@ -21,6 +21,9 @@ struct InstallationSources {
     static InstallationSources ofThisBuild();
 };
 
+/// What a bundle's folder is called on the device, whatever it is called here: NAME.bundle.
+std::string nameOfInstalled(const std::filesystem::path& folder);
+
 /// A folder that stands for a device's file system, and what is installed in it. Everything may be done again
 /// at any time, and by several processes at once: only what is missing or has changed is written, each file
 /// as one step. Whatever fails throws std::runtime_error with one sentence.

@@ -2,6 +2,7 @@
 
 #include "crash/CrashHandler.h"
 #include "crash/CrashNote.h"
+#include "crash/WorkLimit.h"
 #include "MainWindow.h"
 #include "OnDisplay.h"
 #include "Pictures.h"
@@ -93,6 +94,10 @@ int runWindow(int argc, char** argv, PhoneOptions options, Scale scale, const st
     } catch (const std::runtime_error& error) {
         return fail(error);
     }
+    // A window is used by somebody who waits; pictures may take their time.
+    std::optional<WorkLimit> limit;
+    if (onScreen)
+        limit.emplace();
     Reloader reloader(*phone);
     if (crash)
         reloader.openAfter(*crash, note);

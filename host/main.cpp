@@ -15,8 +15,14 @@ namespace {
 /// Of the options, the script, or whatever a run needs to begin.
 constexpr int cannotBegin = 2;
 
-int run(char** argv, const host::Options& options)
+int fail(const char* sentence)
 {
+    std::fprintf(stderr, "%s\n", sentence);
+    return cannotBegin;
+}
+
+int run(char** argv, const host::Options& options)
+try {
     using Mode = host::Options::Mode;
     switch (options.mode) {
     case Mode::Drive:
@@ -40,6 +46,8 @@ int run(char** argv, const host::Options& options)
         break;
     }
     return 0;
+} catch (const std::exception& exception) {
+    return fail(exception.what());
 }
 
 bool hasWindow(const host::Options& options)
@@ -58,10 +66,19 @@ int runWindow(
         options.scaleIsGiven ? host::Scale::AsGiven : host::Scale::OfTheScreen, options.record, crash);
 }
 
-int fail(const char* sentence)
+/// Of a program that does not go on after a crash.
+std::optional<int> statusAfter(const host::CrashReport& crash, const host::Options& options)
 {
-    std::fprintf(stderr, "%s\n", sentence);
-    return cannotBegin;
+    const auto bundle = host::nameOfInstalled(options.phone.bundle.empty() ? "Vekora" : options.phone.bundle);
+    // A process with a root of its own has noted it.
+    const auto& root = crash.note.starts_with('/') ? crash.note : options.phone.root;
+    const auto story = host::tellCrash(crash, root, bundle);
+    // The toolkit ends the program where the display has gone.
+    if (crash.exitStatus && !story.isBundles)
+        return crash.exitStatus;
+    if (crash.after == host::AfterCrash::StartAgain)
+        return std::nullopt;
+    return fail(story.sentence().c_str());
 }
 
 }
@@ -74,16 +91,11 @@ int main(int argc, char** argv)
     if (const auto* sentence = std::get_if<std::string>(&parsed))
         return fail(sentence->c_str());
     const auto& options = std::get<host::Options>(parsed);
-    if (crash && crash->after == host::AfterCrash::SayAndEnd) {
-        // A process with a root of its own has noted it.
-        const auto& root = crash->note.empty() ? options.phone.root : crash->note;
-        return fail(host::tellCrash(*crash, root).sentence().c_str());
+    if (crash) {
+        if (const auto status = statusAfter(*crash, options))
+            return *status;
     }
-    if (hasWindow(options))
-        return runWindow(argc, argv, options, crash);
-    try {
-        return run(argv, options);
-    } catch (const std::exception& exception) {
-        return fail(exception.what());
-    }
+    const auto status = hasWindow(options) ? runWindow(argc, argv, options, crash) : run(argv, options);
+    host::expectExit();
+    return status;
 }

@@ -18,7 +18,7 @@ namespace host {
 
 namespace {
 
-constexpr int crashSignals[] = { SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT };
+constexpr int crashSignals[] = { SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGXCPU };
 constexpr std::size_t stackSize = 512UL * 1024; // Bytes; sanitizers need a good part of it.
 constexpr std::size_t longestNote = 64UL * 1024;
 constexpr std::size_t longestPath = 4096;
@@ -41,6 +41,8 @@ struct State {
     char action[256] = {};
     char exception[256] = {}; ///< Its type's name as the compiler writes it.
     char what[512] = {};
+    std::atomic<bool> mayExit { false };
+    std::atomic<unsigned> status { 0 }; ///< See crashtext::status.
 
     std::atomic<int> stage { 0 }; ///< How many crashes have begun to be handled.
     std::atomic<pid_t> thread { 0 }; ///< Whose crash is handled.
@@ -104,7 +106,8 @@ void dieOf(int signal)
 void crashed(int signal, siginfo_t* info, void* data)
 {
     auto& context = *static_cast<ucontext_t*>(data);
-    if (info->si_code == SI_USER && info->si_pid != ::getpid())
+    const bool isOthers = info->si_code == SI_USER && info->si_pid != ::getpid();
+    if (isOthers || (signal == SIGXCPU && info->si_code != SI_TIMER))
         return dieOf(signal);
     pid_t nobody = 0;
     if (!state.thread.compare_exchange_strong(nobody, ::gettid()) && nobody != ::gettid()) {
@@ -140,6 +143,7 @@ void crashed(int signal, siginfo_t* info, void* data)
     report.line(crashtext::action, state.action);
     report.line(crashtext::exception, state.exception);
     report.line(crashtext::what, state.what);
+    report.line(crashtext::status, state.status);
     report.text(crashtext::maps);
     report.contentsOf("/proc/self/maps");
     writeFrames(report, *info, context);
@@ -159,6 +163,16 @@ void crashed(int signal, siginfo_t* info, void* data)
         } catch (...) {
         }
     }
+    std::abort();
+}
+
+/// Whoever ends the program is still on the stack.
+void ending(int status, void*)
+{
+    if (state.mayExit)
+        return;
+    constexpr unsigned bits = 0xff; // More of it nobody gets to know.
+    state.status = (static_cast<unsigned>(status) & bits) + 1;
     std::abort();
 }
 
@@ -196,6 +210,12 @@ void handleCrashes(char** argv, AfterCrash after)
     for (const int signal : crashSignals)
         ::sigaction(signal, &action, nullptr);
     std::set_terminate(terminated);
+    ::on_exit(ending, nullptr);
+}
+
+void expectExit()
+{
+    state.mayExit = true;
 }
 
 void setAfterCrash(AfterCrash after)

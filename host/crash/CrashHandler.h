@@ -14,9 +14,12 @@ enum class AfterCrash {
 };
 
 /// From now on SIGSEGV, SIGBUS, SIGFPE, SIGILL and SIGABRT, and with them exceptions that nobody catches, are
-/// crashes, on a stack of their own, as the usual one may be at its end. Signals that another process sends
-/// are not. `argv` must stay as it is.
+/// crashes, on a stack of their own, as the usual one may be at its end. So is an end of the program that
+/// `expectExit` has not announced, and work without end (WorkLimit.h). Signals that another process sends are
+/// not. `argv` must stay as it is.
 void handleCrashes(char** argv, AfterCrash);
+/// From now on the program may end.
+void expectExit();
 void setAfterCrash(AfterCrash);
 
 /// What the program is to know when it has been started anew, in the place of what was said before. Of texts

@@ -83,6 +83,10 @@ CrashReport crashReportFromText(std::string_view text)
         take(crashtext::action, [&](auto value) { report.action = value; });
         take(crashtext::exception, [&](auto value) { report.exception = value; });
         take(crashtext::what, [&](auto value) { report.what = value; });
+        take(crashtext::status, [&](auto value) {
+            if (const auto status = numberIn(value))
+                report.exitStatus = static_cast<int>(status - 1);
+        });
         take(crashtext::frame, [&](auto value) { report.frames.push_back(numberIn(value)); });
         if (inMaps) {
             if (auto mapping = mappingIn(std::string(line)))

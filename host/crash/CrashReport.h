@@ -26,6 +26,7 @@ struct CrashReport {
     bool isStackEnd = false;
     std::string action; ///< The selector of the last one; empty without one.
     std::string exception, what; ///< The type as the compiler writes it; empty unless one was thrown.
+    std::optional<int> exitStatus; ///< Of a program that was ended in the midst of its work.
     std::vector<std::uintptr_t> frames; ///< The innermost first.
     std::vector<Mapping> mappings;
     std::string note; ///< See `setCrashNote`.

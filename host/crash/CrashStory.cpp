@@ -2,6 +2,7 @@
 
 #include "platform/Demangle.h"
 #include "SymbolFile.h"
+#include "WorkLimit.h"
 
 #include <algorithm>
 #include <csignal>
@@ -31,9 +32,9 @@ constexpr const char* systemLibraries[] = { "ld-linux", "libc.so", "libgcc_s", "
     "libpthread", "libasan", "libubsan", "libclang_rt", "libglib" };
 constexpr const char* toolkit = "libQt";
 /// Functions that only hand on a call.
-constexpr const char* mediators[]
-    = { "std::", "platform::detail::", "QtPrivate::", "decltype", "__gnu", "__cxx", "operator",
-          "host::(anonymous namespace)::terminated", "auto ", "platform::Argument platform::detail::" };
+constexpr const char* mediators[] = { "std::", "platform::detail::", "QtPrivate::", "decltype", "__gnu",
+    "__cxx", "operator", "host::(anonymous namespace)::terminated", "host::(anonymous namespace)::ending",
+    "auto ", "platform::Argument platform::detail::" };
 
 /// What was going on, by the function that it went on in.
 struct Deed {
@@ -183,7 +184,11 @@ std::string whatHappened(const CrashReport& report)
                                          : "met an arithmetic error (SIGFPE)";
     case SIGILL:
         return "came to an instruction that cannot be carried out (SIGILL)";
+    case SIGXCPU:
+        return "worked for " + std::to_string(WorkLimit::mostSeconds) + " seconds without coming to an end";
     case SIGABRT:
+        if (report.exitStatus)
+            return "ended the program (exit status " + std::to_string(*report.exitStatus) + ")";
         if (report.exception.empty())
             return "gave up (SIGABRT)";
         return "threw " + readable(report.exception) + (report.what.empty() ? "" : " (“" + report.what + "”)")
@@ -208,6 +213,12 @@ std::string duringWhat(const CrashReport& report, const std::vector<Frame>& fram
     return {};
 }
 
+std::vector<Frame>::const_iterator firstOfBundle(const std::vector<Frame>& frames)
+{
+    return std::find_if(
+        frames.begin(), frames.end(), [](const auto& frame) { return !frame.bundle.empty(); });
+}
+
 void takePlaces(CrashStory& story, const std::vector<Frame>& frames)
 {
     auto& places = story.places;
@@ -229,11 +240,22 @@ void takePlaces(CrashStory& story, const std::vector<Frame>& frames)
         if (places.size() <= mostMain && (!story.isBundles || !frame.bundle.empty()))
             story.mainPlaces = places.size();
     }
+    // A thread may have begun with what says little, which is more than nothing.
+    const auto own = firstOfBundle(frames);
+    if (places.empty() && own != frames.end()) {
+        places.push_back("in " + nameOf(*own));
+        story.mainPlaces = 1;
+    }
+}
+
+bool isLoading(const Frame& frame)
+{
+    return frame.function.starts_with("platform::ModuleFile::load");
 }
 
 }
 
-CrashStory tellCrash(const CrashReport& report, const std::string& root)
+CrashStory tellCrash(const CrashReport& report, const std::string& root, const std::string& bundle)
 {
     Resolver resolver(report, root);
     std::vector<Frame> frames;
@@ -241,18 +263,24 @@ CrashStory tellCrash(const CrashReport& report, const std::string& root)
         frames.push_back(resolver.frameAt(address));
 
     CrashStory story;
-    const auto bundles
-        = std::find_if(frames.begin(), frames.end(), [](const auto& frame) { return !frame.bundle.empty(); });
-    story.isBundles = bundles != frames.end();
-    story.who = story.isBundles ? bundles->bundle : "Settings";
+    const auto own = firstOfBundle(frames);
+    const bool isKnown = own != frames.end();
+    story.isBundles = isKnown || std::any_of(frames.begin(), frames.end(), isLoading);
+    story.isEndless = report.signal == SIGXCPU;
+    story.who = isKnown ? own->bundle : story.isBundles ? bundle : "Settings";
     story.reason = whatHappened(report) + duringWhat(report, frames);
     takePlaces(story, frames);
     return story;
 }
 
+std::string CrashStory::heading() const
+{
+    return who + (isBundles ? "" : " itself") + (isEndless ? " was stopped" : " crashed");
+}
+
 std::string CrashStory::sentence() const
 {
-    std::string text = who + (isBundles ? "" : " itself") + " crashed: it " + reason;
+    std::string text = heading() + ": it " + reason;
     for (std::size_t index = 0; index < mainPlaces; ++index)
         text += ", " + places[index];
     return text + ".";

@@ -12,6 +12,7 @@ constexpr const char* stackEnd = "stack end ";
 constexpr const char* action = "action ";
 constexpr const char* exception = "exception ";
 constexpr const char* what = "what ";
+constexpr const char* status = "status "; ///< Of an exit: one more than it, as 0 is none.
 constexpr const char* frame = "frame ";
 /// What lies where in memory: lines as the kernel writes them, up to one of another kind.
 constexpr const char* maps = "maps\n";

@@ -3,6 +3,7 @@
 #include "FolderState.h"
 #include "host/crash/CrashHandler.h"
 #include "host/crash/CrashStory.h"
+#include "host/Installation.h"
 #include "platform/Journal.h"
 
 #include <QEvent>
@@ -54,13 +55,13 @@ void Reloader::open()
 
 void Reloader::openAfter(const CrashReport& crash, const std::optional<CrashNote>& note)
 {
-    const auto story = tellCrash(crash, _phone.options().root);
+    const auto story = tellCrash(crash, _phone.options().root, nameOfInstalled(_phone.bundleFolder()));
     // Where nothing is known of the state that crashed, the present one counts as that: it is not to be
     // loaded and to crash again and again.
     _state = note ? note->folderState : stateOfFolder(_phone.bundleFolder());
     say(story.sentence());
     _phone.showError({
-        .heading = story.who + " crashed",
+        .heading = story.heading(),
         .reason = "It " + story.reason + ".",
         .places = story.places,
     });

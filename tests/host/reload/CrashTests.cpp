@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstring>
 #include <fcntl.h>
+#include <link.h>
 #include <set>
 #include <sys/file.h>
 #include <unistd.h>
@@ -14,6 +16,29 @@
 // Crashes of a bundle in the program that drives it by script; those in a window are reload-story.py's.
 
 namespace {
+
+/// A module whose table of symbols lies nowhere, which nobody sees before it is used.
+std::string withoutSymbols(std::string module)
+{
+    ElfW(Ehdr) header {};
+    std::memcpy(&header, module.data(), sizeof header);
+    for (int index = 0; index < header.e_phnum; ++index) {
+        ElfW(Phdr) segment {};
+        std::memcpy(&segment, &module.at(header.e_phoff + index * sizeof segment), sizeof segment);
+        if (segment.p_type != PT_DYNAMIC)
+            continue;
+        for (auto place = segment.p_offset;; place += sizeof(ElfW(Dyn))) {
+            ElfW(Dyn) entry {};
+            std::memcpy(&entry, &module.at(place), sizeof entry);
+            if (entry.d_tag == DT_NULL)
+                break;
+            if (entry.d_tag == DT_SYMTAB)
+                entry.d_un.d_ptr = ~ElfW(Addr) {} / 4;
+            std::memcpy(&module.at(place), &entry, sizeof entry);
+        }
+    }
+    return module;
+}
 
 class Crash : public testing::Test {
 protected:
@@ -63,6 +88,7 @@ TEST_F(Crash, InAnActionEndsWithOneSentenceThatSaysWhere)
         { "giveUp", "gave up (SIGABRT)" },
         { "readBeyondAFile", "met a bus error (SIGBUS)" },
         { "complainOddly", "threw int, which nobody caught" },
+        { "leave", "ended the program (exit status 7)" },
     };
     for (const auto& [harm, reason] : harms) {
         const auto run = drive("tap More\ntap " + QByteArray(harm) + "\npage\n");
@@ -113,6 +139,27 @@ TEST_F(Crash, OutsideOfAnActionSaysDuringWhat)
             std::string("Pane.bundle crashed: it used memory at 0x0, where there is none (SIGSEGV), ") + deed
                 + ", in pane::Wrongdoer::readNothing(), called by " + caller + ".");
     }
+}
+
+TEST_F(Crash, InAThreadOfTheBundlesIsTheBundlesToo)
+{
+    pane.build("crash_in_thread");
+    const auto run = drive("page\n");
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(lastError(run),
+        "Pane.bundle crashed: it used memory at 0x0, where there is none (SIGSEGV), in "
+        "pane::Wrongdoer::readNothing().");
+}
+
+TEST_F(Crash, OfTheSystemsLoaderIsTheModulesFault)
+{
+    pane.build("good1");
+    pane.linkBytes(withoutSymbols(PaneFolder::bytesOf("good1")));
+    const auto run = drive("page\n");
+    EXPECT_EQ(run.status, 2);
+    const auto error = lastError(run);
+    EXPECT_TRUE(error.starts_with("Pane.bundle crashed: it used memory at ")) << error;
+    EXPECT_TRUE(error.ends_with(", while it was loaded.")) << error;
 }
 
 TEST_F(Crash, WhileItIsLoadedLeavesNoFilesBehindTheNextLoading)
@@ -204,8 +251,15 @@ TEST(CrashReport, TakesAnyTextForWhatItIsWorth)
              "note\n", "after never\n" }) {
         const auto report = host::crashReportFromText(text);
         EXPECT_EQ(report.after, host::AfterCrash::SayAndEnd);
-        EXPECT_NE(host::tellCrash(report, "/nowhere").sentence(), "");
+        EXPECT_NE(host::tellCrash(report, "/nowhere", "Pane.bundle").sentence(), "");
     }
+}
+
+TEST(CrashReport, KnowsAnExitFromNone)
+{
+    EXPECT_EQ(host::crashReportFromText("status 0\nnote\n").exitStatus, std::nullopt);
+    EXPECT_EQ(host::crashReportFromText("status 1\nnote\n").exitStatus, 0);
+    EXPECT_EQ(host::crashReportFromText("status 100\nnote\n").exitStatus, 255);
 }
 
 TEST(CrashStory, BlamesTheHostWhereNoFunctionOfABundleWasCalled)
@@ -213,7 +267,7 @@ TEST(CrashStory, BlamesTheHostWhereNoFunctionOfABundleWasCalled)
     host::CrashReport report;
     report.signal = SIGSEGV;
     report.address = 8;
-    const auto story = host::tellCrash(report, "/nowhere");
+    const auto story = host::tellCrash(report, "/nowhere", "Pane.bundle");
     EXPECT_FALSE(story.isBundles);
     EXPECT_EQ(
         story.sentence(), "Settings itself crashed: it used memory at 0x8, where there is none (SIGSEGV).");

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
+#include <thread>
 
 // A pane that is built in several ways, as its author goes on with it: BUILD is the build's number, and
 // TROUBLE what that build does wrong.
@@ -19,6 +20,9 @@ constexpr int onOpening = 2;
 constexpr int whilePainting = 3;
 constexpr int missingSymbol = 4;
 constexpr int throwsOnOpening = 6;
+constexpr int endlessOnLoading = 7;
+constexpr int exitsOnOpening = 8;
+constexpr int crashInThread = 9;
 }
 
 /// Does harm, and would end the report of it where it is written down.
@@ -49,6 +53,17 @@ struct Wrongdoer {
     [[gnu::noinline]] static void readBeyondAFile() { std::raise(SIGBUS); }
     [[gnu::noinline]] static void complain() { throw std::runtime_error("the cupboard is bare"); }
     [[gnu::noinline]] static void complainOddly() { throw 42; }
+    [[gnu::noinline]] static void leave()
+    {
+        constexpr int status = 7;
+        std::exit(status);
+    }
+    [[gnu::noinline]] static void goOnForEver()
+    {
+        volatile unsigned long round = 0;
+        for (;;)
+            static_cast<void>(round);
+    }
     // A frame of some size, so that its end is reached before long.
     [[gnu::noinline]] static int neverReturn(int depth) // NOLINT(misc-no-recursion)
     {
@@ -78,6 +93,10 @@ public:
             Wrongdoer::readNothing();
         if (TROUBLE == trouble::throwsOnOpening)
             Wrongdoer::complain();
+        if (TROUBLE == trouble::exitsOnOpening)
+            Wrongdoer::leave();
+        if (TROUBLE == trouble::crashInThread)
+            std::thread(Wrongdoer::readNothing).join();
 #if TROUBLE == 4
         functionThatNobodyWrote(BUILD);
 #endif
@@ -122,6 +141,7 @@ public:
         for (int row = 0; row < rows; ++row)
             add("Row " + std::to_string(row), "bump:");
         add("forge", forgingSelector);
+        add("leave", "leave");
         return *_specifiers;
     }
 
@@ -140,6 +160,7 @@ public:
     void readBeyondAFile() { Wrongdoer::readBeyondAFile(); }
     void complain() { Wrongdoer::complain(); }
     void complainOddly() { Wrongdoer::complainOddly(); }
+    void leave() { Wrongdoer::leave(); }
     void neverReturn() { setTitle(std::to_string(Wrongdoer::neverReturn(1))); }
 
 private:
@@ -172,6 +193,7 @@ const auto morePage = registerClass<PaneMorePage>("PaneMorePage")
                           .method("readBeyondAFile", &PaneMorePage::readBeyondAFile)
                           .method("complain", &PaneMorePage::complain)
                           .method("complainOddly", &PaneMorePage::complainOddly)
+                          .method("leave", &PaneMorePage::leave)
                           .method("neverReturn", &PaneMorePage::neverReturn);
 const auto view = registerClass<PaneView>("PaneView");
 const auto noPage = registerClass<PaneNoPage>("PaneNoPage").initialiser<CGSize>();
@@ -181,6 +203,8 @@ struct OnLoading {
     {
         if (TROUBLE == trouble::onLoading)
             Wrongdoer::readNothing();
+        if (TROUBLE == trouble::endlessOnLoading)
+            Wrongdoer::goOnForEver();
     }
 } const onLoading;
 

@@ -17,7 +17,7 @@ import time
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "support"))
 from desktop import desktop  # noqa: E402
 
-PATIENCE = 120  # Seconds for a step that takes a fraction of one.
+PATIENCE = 300  # Seconds; a step takes a fraction of one, but for the one that ends what is endless.
 
 ROWS = b"""<plist version="1.0"><dict><key>title</key><string>Pane</string><key>items</key><array>
 <dict><key>cell</key><string>PSLinkCell</string><key>label</key><string>More</string>
@@ -32,12 +32,17 @@ class Story:
         self.bundle = os.path.join(scratch, "build", "Pane.bundle")
         self.tapped = os.path.join(scratch, "root/private/var/mobile/Library/Preferences/net.morvane.pane.plist")
         self.environment = environment
+        self.words = [program, "--root", os.path.join(scratch, "root"), "--locale", "en_US", "--timezone", "UTC",
+                      "--scale", "1", "--bundle", self.bundle]
         self.build("good1")
-        self.window = subprocess.Popen(
-            [program, "--root", os.path.join(scratch, "root"), "--locale", "en_US", "--timezone", "UTC", "--scale", "1",
-             "--bundle", self.bundle], env=environment, stderr=subprocess.PIPE, text=True)
+        self.open()
+
+    def open(self):
+        self.window = subprocess.Popen(self.words, env=self.environment, stderr=subprocess.PIPE, text=True)
         self.errors = queue.Queue()
-        threading.Thread(target=lambda: [self.errors.put(line) for line in self.window.stderr], daemon=True).start()
+        self.reader = threading.Thread(target=lambda: [self.errors.put(line) for line in self.window.stderr],
+                                       daemon=True)
+        self.reader.start()
 
     def build(self, name):
         """As from nothing: the folder has gone, and everything around it."""
@@ -139,6 +144,12 @@ class Story:
         self.expect_error("Pane.bundle crashed", "while its first page was opened")
         self.link("throws_on_opening")
         self.expect_error("threw std::runtime_error (“the cupboard is bare”), which nobody caught")
+        self.link("exits_on_opening")
+        self.expect_error("Pane.bundle crashed: it ended the program (exit status 7)",
+                          "while its first page was opened, in pane::Wrongdoer::leave()")
+        self.link("endless_on_loading")
+        self.expect_error("Pane.bundle was stopped: it worked for 10 seconds without coming to an end",
+                          "while it was loaded, in pane::Wrongdoer::goOnForEver(), called by the initialisers of")
         self.build("good2")
         self.expect_row("Row 1", 2)
 
@@ -161,6 +172,18 @@ class Story:
             sys.exit(f"The window ended with {self.window.returncode}.")
 
 
+def lose_the_display():
+    """The toolkit ends the program then, in the midst of it: that is no crash of anybody's."""
+    with desktop("800x900", with_bus=False) as (scratch, environment):
+        story = Story(sys.argv[1], sys.argv[2], scratch, environment)
+        story.move_to(150, 20)
+    status = story.window.wait(timeout=PATIENCE)
+    story.reader.join()
+    said = "".join(story.errors.queue)
+    if status != 1 or "crashed" in said:
+        sys.exit(f"Without a display it ended with {status}, and said: {said}")
+
+
 def main():
     with desktop("800x900", with_bus=False) as (scratch, environment):
         story = Story(sys.argv[1], sys.argv[2], scratch, environment)
@@ -169,6 +192,7 @@ def main():
         finally:
             story.window.kill()
             story.window.wait()
+    lose_the_display()
 
 
 main()
