@@ -51,6 +51,15 @@ std::vector<fs::path> leftovers(const fs::path& source, const fs::path& target, 
     return found;
 }
 
+/// A file takes no folder's place by itself, nor a folder a file's.
+void removeOtherKind(const fs::path& root, const fs::path& place, bool isFolder)
+{
+    std::error_code error;
+    const auto type = fs::symlink_status(root / place, error).type();
+    if (type == (isFolder ? fs::file_type::regular : fs::file_type::directory))
+        removeTree(root, place);
+}
+
 }
 
 InstallationSources InstallationSources::ofThisBuild()
@@ -111,9 +120,14 @@ std::string Installation::installBundle(const fs::path& folder) const
     auto entries = fs::recursive_directory_iterator(source, error);
     for (const fs::recursive_directory_iterator end; !error && entries != end; entries.increment(error)) {
         const auto target = place / entries->path().lexically_relative(source);
-        if (entries->is_directory() && !entries->is_symlink())
+        std::error_code ignored; // A link that leads nowhere, or round, is neither.
+        const bool isFolder = entries->is_directory(ignored) && !entries->is_symlink(ignored);
+        if (!isFolder && !entries->is_regular_file(ignored))
+            continue;
+        removeOtherKind(_root, target, isFolder);
+        if (isFolder)
             makeFolder(_root, target);
-        else if (entries->is_regular_file())
+        else
             installFile(entries->path(), _root, target);
     }
     if (error)

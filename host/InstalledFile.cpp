@@ -150,6 +150,15 @@ void installEmptyFile(const fs::path& root, const fs::path& place)
         fail(target, "written", lastError());
 }
 
+void removeTree(const fs::path& root, const fs::path& place)
+{
+    std::error_code error;
+    const auto target = checkedPlace(root, place);
+    fs::remove_all(target, error);
+    if (error)
+        fail(target, "removed", error);
+}
+
 void removeFile(const fs::path& root, const fs::path& place)
 {
     std::error_code error;

@@ -23,6 +23,9 @@ void writeFile(
 /// What is already there, whatever it is, stays.
 void installEmptyFile(const std::filesystem::path& root, const std::filesystem::path& place);
 
+/// With everything in it, if it is a folder.
+void removeTree(const std::filesystem::path& root, const std::filesystem::path& place);
+
 /// A missing file is as good as a removed one.
 void removeFile(const std::filesystem::path& root, const std::filesystem::path& place);
 

@@ -20,8 +20,11 @@ QStringList pathsToWatch(const fs::path& folder)
     if (fs::is_directory(folder, error)) {
         add(folder);
         auto entries = fs::recursive_directory_iterator(folder, error);
-        for (const fs::recursive_directory_iterator end; !error && entries != end; entries.increment(error))
-            add(entries->path());
+        for (const fs::recursive_directory_iterator end; !error && entries != end; entries.increment(error)) {
+            std::error_code none; // What a link that leads nowhere is to become, its folder tells.
+            if (entries->exists(none))
+                add(entries->path());
+        }
     }
     auto around = folder.parent_path();
     while (!fs::is_directory(around, error) && around.has_relative_path())

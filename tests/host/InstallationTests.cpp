@@ -254,6 +254,40 @@ TEST_F(InstallationTest, CopiesWhatABundlesLinksLeadTo)
     EXPECT_EQ(readTestFile(installed), "picture");
 }
 
+TEST_F(InstallationTest, LeavesOutLinksThatLeadNowhereOrRound)
+{
+    const Installation installation(root);
+    const auto bundle = folder.path() / "Other.bundle";
+    writeTestFile(bundle / "Info.plist", "other");
+    fs::create_symlink("nowhere", bundle / "a.plist");
+    fs::create_symlink("c.plist", bundle / "b.plist");
+    fs::create_symlink("b.plist", bundle / "c.plist");
+    fs::create_directory_symlink(".", bundle / "d");
+
+    installation.installBundle(bundle);
+
+    const auto entries = fs::directory_iterator(root / "Library/PreferenceBundles/Other.bundle");
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1) << "Info.plist alone";
+}
+
+TEST_F(InstallationTest, LetsFilesAndFoldersTakeEachOthersPlaces)
+{
+    const Installation installation(root);
+    const auto bundle = folder.path() / "Other.bundle";
+    writeTestFile(bundle / "one", "a file");
+    writeTestFile(bundle / "two/inside", "a file");
+    installation.installBundle(bundle);
+    fs::remove_all(bundle);
+    writeTestFile(bundle / "one/inside", "now a folder");
+    writeTestFile(bundle / "two", "now a file");
+
+    installation.installBundle(bundle);
+
+    const auto installed = root / "Library/PreferenceBundles/Other.bundle";
+    EXPECT_EQ(readTestFile(installed / "one/inside"), "now a folder");
+    EXPECT_EQ(readTestFile(installed / "two"), "now a file");
+}
+
 TEST_F(InstallationTest, LeavesABundleThatIsAlreadyInItsPlace)
 {
     const Installation installation(root);
@@ -302,12 +336,13 @@ TEST_F(InstallationTest, LeavesNoTemporaryFileWhenItFails)
     const auto from = sources();
     const Installation installation(root);
     // A folder is where the file belongs, so the last step cannot be done.
-    fs::create_directories(root / "Library/PreferenceBundles/Vekora.bundle/Info.plist/inside");
+    const auto inTheWay = root / "Library/PreferenceLoader/Preferences/Vekora.plist/inside";
+    fs::create_directories(inTheWay);
 
     EXPECT_THROW(installation.installPane(from), std::runtime_error);
 
     EXPECT_TRUE(temporaryFiles().empty());
-    EXPECT_TRUE(fs::is_directory(root / "Library/PreferenceBundles/Vekora.bundle/Info.plist/inside"));
+    EXPECT_TRUE(fs::is_directory(inTheWay));
 }
 
 }

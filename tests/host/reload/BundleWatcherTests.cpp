@@ -132,6 +132,20 @@ TEST_F(Watching, TellsOfAChangeFromBeforeItBegan)
     expectCalls(1);
 }
 
+TEST_F(Watching, SaysNothingOfLinksThatLeadNowhereOrRound)
+{
+    pane.build("good1");
+    watch();
+    testing::internal::CaptureStderr();
+    std::filesystem::create_symlink("nowhere", pane.path() / "later.png");
+    std::filesystem::create_symlink("round.png", pane.path() / "round.png");
+    expectCalls(1);
+    std::filesystem::remove(pane.path() / "later.png");
+    writeTestFile(pane.path() / "later.png", "here it is");
+    expectCalls(2);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST_F(Watching, WaitsForALinkerThatIsNotReady)
 {
     pane.build("good1");
