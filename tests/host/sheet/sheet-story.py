@@ -99,12 +99,13 @@ def comparison(program, folder, environment):
 
 
 def start_hanging(program, bundle, folder, environment, **more):
-    """A sheet that never ends, once its processes are there."""
+    """A sheet that never ends, once its processes are there: one for each phone, as long as it hangs."""
     out = os.path.join(folder, "sheet.html")
     with open(out, "w", encoding="utf-8") as file:
         file.write("as it was")
     # pylint: disable-next=consider-using-with
-    process = subprocess.Popen([program, "sheet", out, "--bundle", bundle, *SMALL],
+    process = subprocess.Popen([program, "sheet", out, "--bundle", bundle, *SMALL, "--phones", "320x480,320x568",
+                                "--patience", "3600"],
                                env=dict(environment, HARM="hang"), stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                                start_new_session=True, **more)
     wait_until(lambda: len(children_of(process.pid)) >= 2 or process.poll() is not None, "the processes")
