@@ -1,7 +1,6 @@
 #include "ElfFile.h"
 
 #include <fstream>
-#include <iterator>
 #include <system_error>
 
 namespace host {
@@ -11,8 +10,13 @@ ElfFile::ElfFile(const std::filesystem::path& path)
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error))
         return;
+    const auto size = std::filesystem::file_size(path, error);
     std::ifstream file(path, std::ios::binary);
-    _bytes.assign(std::istreambuf_iterator<char>(file), {});
+    if (error || !file)
+        return;
+    _bytes.resize(size);
+    file.read(_bytes.data(), static_cast<std::streamsize>(size));
+    _bytes.resize(static_cast<std::size_t>(file.gcount()));
     if (_bytes.size() < sizeof(Header) || !_bytes.starts_with(ELFMAG)
         || _bytes[EI_CLASS] != (sizeof(void*) == 8 ? ELFCLASS64 : ELFCLASS32))
         _bytes.clear();
