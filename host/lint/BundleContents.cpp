@@ -22,9 +22,6 @@ constexpr std::uintmax_t largestList = 16U << 20U;
 
 std::optional<PropertyList> listFrom(const fs::path& file)
 {
-    std::error_code error;
-    if (fs::file_size(file, error) > largestList)
-        return std::nullopt;
     std::ifstream stream(file, std::ios::binary);
     const std::string bytes { std::istreambuf_iterator<char>(stream), {} };
     if (!stream.is_open() || stream.bad())
@@ -89,8 +86,11 @@ BundleContents::BundleContents(const fs::path& given)
             images.push_back(file);
         if (extension != ".plist" && extension != ".strings")
             continue;
-        auto list = listFrom(folder / file);
-        if (!list)
+        const bool isTooLarge = fs::file_size(folder / file, error) > largestList;
+        auto list = isTooLarge ? std::nullopt : listFrom(folder / file);
+        if (isTooLarge)
+            unreadable.push_back({ file, {}, "is larger than 16 MiB, and is not looked at" });
+        else if (!list)
             unreadable.push_back({ file, {}, "cannot be read as a property list" });
         else if (file == "Info.plist")
             info = std::move(list);

@@ -81,11 +81,12 @@ std::string counted(std::size_t count, const char* what)
     return (count == 0 ? "no" : std::to_string(count)) + ' ' + what + (count == 1 ? "" : "s");
 }
 
-/// As one line, whatever the bundle's texts hold.
+/// As one line that ends like a sentence, whatever the bundle's texts hold.
 std::string lineFrom(const Finding& finding, const std::string& folder)
 {
     auto line = folder + '/' + finding.file + ": " + (finding.place.empty() ? "" : finding.place + ": ")
-        + (finding.weight == Finding::Weight::Remark ? "remark: " : "") + finding.reason + '.';
+        + (finding.weight == Finding::Weight::Remark ? "remark: " : "") + finding.reason
+        + (finding.reason.ends_with('?') ? "" : ".");
     std::replace_if(
         line.begin(), line.end(), [](unsigned char c) { return c < ' ' || c == 127; }, ' ');
     return line;

@@ -16,6 +16,7 @@ TEST(LintFile, SaysNothingOfAWholeBundle)
     const LintBundle bundle;
     std::filesystem::create_symlink("nowhere", bundle.path("link.png"));
     std::filesystem::create_directory_symlink(".", bundle.path("loop"));
+    std::filesystem::create_symlink("round.plist", bundle.path("round.plist"));
     const auto result = bundle.lint();
     EXPECT_EQ(result.status, 0) << result.errors.toStdString();
     EXPECT_EQ(result.lines.join('\n'), QString());
@@ -74,7 +75,7 @@ TEST(LintFile, DoesNotReadAListThatIsFarTooLarge)
     LintBundle bundle;
     writeTestFile(bundle.path("Large.plist"), "");
     std::filesystem::resize_file(bundle.path("Large.plist"), 17U << 20U);
-    EXPECT_EQ(bundle.findings().join('\n'), "Large.plist: cannot be read as a property list.");
+    EXPECT_EQ(bundle.findings().join('\n'), "Large.plist: is larger than 16 MiB, and is not looked at.");
 }
 
 TEST(LintFile, MeasuresImages)
