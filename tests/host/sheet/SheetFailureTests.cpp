@@ -43,10 +43,11 @@ TEST_F(SheetFailures, AnExceptionIsToldWithItsText)
 
 TEST_F(SheetFailures, ABundleThatEndsTheProgramIsTold)
 {
-    auto exited = renderHarm("exit");
-    // A sanitizer may have its say before.
-    exited.errors = exited.errors.trimmed().split('\n').last() + '\n';
-    expectRefusal(exited, place + "the bundle ended the program \\(status 0\\)[.]");
+    expectRefusal(renderHarm("exit"),
+        place
+            + "HarmPane.bundle crashed: it ended the program \\(exit status 0\\), while it was painted, in "
+              "harmpane::HarmView::drawRect\\(platform::CGRect\\)[.]");
+    expectRefusal(renderHarm("exit-at-once"), place + "the bundle ended the program \\(status 0\\)[.]");
     expectRefusal(renderHarm("kill"), place + "the process that drew it was killed \\(SIGKILL\\)[.]");
     EXPECT_EQ(files(), nothingNew);
 }
